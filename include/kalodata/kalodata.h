@@ -1,0 +1,7 @@
+#ifndef KALODATA_KALODATA_H
+#define KALODATA_KALODATA_H
+
+/* Everything that the library exports; one header per subsystem. */
+#include <kalodata/types.h>
+
+#endif
