@@ -3,7 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 
-// The Win32 names that this library uses, for systems that are not Windows, with Win32's documented behaviour.
+// The Win32 names that this library uses, for systems that are not Windows, with Win32's documented
+// behaviour.
 
 #define WINAPI
 #define CALLBACK
@@ -34,9 +35,15 @@ constexpr BOOL FALSE = 0;
 constexpr BOOL TRUE = 1;
 constexpr int MAX_PATH = 260;
 constexpr HRESULT S_OK = 0;
+constexpr HRESULT E_UNEXPECTED = static_cast<HRESULT>(0x8000FFFF);
+constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057);
+constexpr HRESULT DISP_E_BADINDEX = static_cast<HRESULT>(0x8002000B);
 
 constexpr UINT MB_OK = 0;
 constexpr int IDOK = 1;
+
+// Writes the text to the error stream and answers IDOK.
+int MessageBoxA(HWND owner, LPCSTR text, LPCSTR caption, UINT type);
 
 constexpr DWORD DLL_PROCESS_DETACH = 0;
 constexpr DWORD DLL_PROCESS_ATTACH = 1;
@@ -56,7 +63,8 @@ void LeaveCriticalSection(CRITICAL_SECTION* section);
 // Path of the host program's executable for a null module. Returns its length; cut to the buffer when longer.
 DWORD GetModuleFileNameA(HMODULE module, LPSTR fileName, DWORD size);
 
-// --- Variants ------------------------------------------------------------------------------------------------
+// --- Variants
+// ------------------------------------------------------------------------------------------------
 
 using VARTYPE = WORD;
 using VARIANT_BOOL = std::int16_t;
@@ -87,25 +95,51 @@ union CY {
     std::int64_t int64;
 };
 
-struct SAFEARRAY;
+struct SAFEARRAYBOUND {
+    ULONG cElements;
+    LONG lLbound;
+};
+
+// An array of one dimension.
+struct SAFEARRAY {
+    WORD cDims;
+    WORD fFeatures;
+    ULONG cbElements;
+    ULONG cLocks;
+    void* pvData;
+    SAFEARRAYBOUND rgsabound[1];
+};
+
+struct DECIMAL {
+    WORD wReserved;
+    BYTE scale;
+    BYTE sign;  // 0x80: negative
+    ULONG Hi32;
+    ULONGLONG Lo64;
+};
 
 struct VARIANT {
-    VARTYPE vt;
-    WORD wReserved1;
-    WORD wReserved2;
-    WORD wReserved3;
     union {
-        BYTE bVal;
-        std::int16_t iVal;
-        LONG lVal;
-        LONGLONG llVal;
-        float fltVal;
-        double dblVal;
-        VARIANT_BOOL boolVal;
-        CY cyVal;
-        DATE date;
-        BSTR bstrVal;
-        SAFEARRAY* parray;
+        struct {
+            VARTYPE vt;
+            WORD wReserved1;
+            WORD wReserved2;
+            WORD wReserved3;
+            union {
+                BYTE bVal;
+                std::int16_t iVal;
+                LONG lVal;
+                LONGLONG llVal;
+                float fltVal;
+                double dblVal;
+                VARIANT_BOOL boolVal;
+                CY cyVal;
+                DATE date;
+                BSTR bstrVal;
+                SAFEARRAY* parray;
+            };
+        };
+        DECIMAL decVal;  // covers vt, which is VT_DECIMAL then
     };
 };
 
@@ -119,9 +153,18 @@ struct VARIANT {
 #define V_CY(variant) ((variant)->cyVal)
 #define V_DATE(variant) ((variant)->date)
 #define V_BSTR(variant) ((variant)->bstrVal)
+#define V_ARRAY(variant) ((variant)->parray)
 
 BSTR SysAllocStringByteLen(LPCSTR bytes, UINT length);
 void SysFreeString(BSTR text);
 UINT SysStringByteLen(BSTR text);
 // Frees what the variant holds and makes it VT_EMPTY.
 HRESULT VariantClear(VARIANT* variant);
+
+// Arrays of fixed-size elements, as columns of bytes come.
+SAFEARRAY* SafeArrayCreateVector(VARTYPE type, LONG lowerBound, ULONG count);
+HRESULT SafeArrayDestroy(SAFEARRAY* array);
+HRESULT SafeArrayAccessData(SAFEARRAY* array, void** data);
+HRESULT SafeArrayUnaccessData(SAFEARRAY* array);
+HRESULT SafeArrayGetLBound(SAFEARRAY* array, UINT dimension, LONG* bound);
+HRESULT SafeArrayGetUBound(SAFEARRAY* array, UINT dimension, LONG* bound);

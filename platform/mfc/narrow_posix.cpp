@@ -1,0 +1,11 @@
+#include "mfc/narrow.h"
+
+// The narrow encoding is UTF-8 itself.
+
+std::string NarrowFromUtf8(std::string_view text) {
+    return std::string(text);
+}
+
+std::string Utf8FromNarrow(std::string_view text) {
+    return std::string(text);
+}

@@ -1,0 +1,37 @@
+#include "mfc/narrow.h"
+
+#include <windows.h>
+
+namespace {
+
+std::wstring Widen(UINT codePage, std::string_view text) {
+    const int size = static_cast<int>(text.size());
+    std::wstring wide(
+        static_cast<std::size_t>(MultiByteToWideChar(codePage, 0, text.data(), size, nullptr, 0)), L'\0');
+    MultiByteToWideChar(codePage, 0, text.data(), size, wide.data(), static_cast<int>(wide.size()));
+    return wide;
+}
+
+std::string Shorten(UINT codePage, const std::wstring& wide) {
+    const int size = static_cast<int>(wide.size());
+    const int length = WideCharToMultiByte(codePage, 0, wide.data(), size, nullptr, 0, nullptr, nullptr);
+    std::string text(static_cast<std::size_t>(length), '\0');
+    WideCharToMultiByte(codePage, 0, wide.data(), size, text.data(), length, nullptr, nullptr);
+    return text;
+}
+
+bool IsAscii(std::string_view text) {
+    for (const char character : text)
+        if (static_cast<unsigned char>(character) >= 0x80) return false;
+    return true;
+}
+
+}  // namespace
+
+std::string NarrowFromUtf8(std::string_view text) {
+    return IsAscii(text) ? std::string(text) : Shorten(CP_ACP, Widen(CP_UTF8, text));
+}
+
+std::string Utf8FromNarrow(std::string_view text) {
+    return IsAscii(text) ? std::string(text) : Shorten(CP_UTF8, Widen(CP_ACP, text));
+}

@@ -1,0 +1,114 @@
+#include <cstdlib>
+#include <cstring>
+
+#include "windows.h"
+
+namespace {
+
+// What stands in front of the bytes of a BSTR. Padded, so that the bytes stay aligned as memory from malloc
+// is.
+struct alignas(std::max_align_t) TextHeader {
+    std::uint32_t length;
+};
+
+TextHeader* HeaderOf(BSTR text) {
+    return reinterpret_cast<TextHeader*>(text) - 1;
+}
+
+constexpr ULONG ElementSize(VARTYPE type) {
+    switch (type) {
+        case VT_UI1:
+            return 1;
+        case VT_I2:
+        case VT_BOOL:
+            return 2;
+        case VT_I4:
+        case VT_R4:
+            return 4;
+        case VT_R8:
+        case VT_CY:
+        case VT_DATE:
+            return 8;
+        default:
+            return 0;
+    }
+}
+
+}  // namespace
+
+BSTR SysAllocStringByteLen(LPCSTR bytes, UINT length) {
+    // The terminator is as wide as Windows's.
+    auto* const header = static_cast<TextHeader*>(std::malloc(sizeof(TextHeader) + std::size_t{length} + 2));
+    if (!header) return nullptr;
+    header->length = length;
+    BSTR const text = reinterpret_cast<BSTR>(header + 1);
+    if (bytes)
+        std::memcpy(text, bytes, length);
+    else
+        std::memset(text, 0, length);
+    text[length] = text[length + std::size_t{1}] = '\0';
+    return text;
+}
+
+void SysFreeString(BSTR text) {
+    if (text) std::free(HeaderOf(text));
+}
+
+UINT SysStringByteLen(BSTR text) {
+    return text ? HeaderOf(text)->length : 0;
+}
+
+HRESULT VariantClear(VARIANT* variant) {
+    if (variant->vt == VT_BSTR)
+        SysFreeString(variant->bstrVal);
+    else if (variant->vt & VT_ARRAY)
+        SafeArrayDestroy(variant->parray);
+    variant->vt = VT_EMPTY;
+    return S_OK;
+}
+
+SAFEARRAY* SafeArrayCreateVector(VARTYPE type, LONG lowerBound, ULONG count) {
+    const ULONG elementSize = ElementSize(type);
+    if (elementSize == 0) return nullptr;
+    auto* const array = static_cast<SAFEARRAY*>(std::calloc(1, sizeof(SAFEARRAY)));
+    void* const data = std::calloc(count ? count : 1, elementSize);
+    if (!array || !data) {
+        std::free(array);
+        std::free(data);
+        return nullptr;
+    }
+    *array = {1, 0, elementSize, 0, data, {{count, lowerBound}}};
+    return array;
+}
+
+HRESULT SafeArrayDestroy(SAFEARRAY* array) {
+    if (array) std::free(array->pvData);
+    std::free(array);
+    return S_OK;
+}
+
+HRESULT SafeArrayAccessData(SAFEARRAY* array, void** data) {
+    if (!array || !data) return E_INVALIDARG;
+    ++array->cLocks;
+    *data = array->pvData;
+    return S_OK;
+}
+
+HRESULT SafeArrayUnaccessData(SAFEARRAY* array) {
+    if (!array || array->cLocks == 0) return E_UNEXPECTED;
+    --array->cLocks;
+    return S_OK;
+}
+
+HRESULT SafeArrayGetLBound(SAFEARRAY* array, UINT dimension, LONG* bound) {
+    if (!array || dimension != 1) return DISP_E_BADINDEX;
+    *bound = array->rgsabound[0].lLbound;
+    return S_OK;
+}
+
+HRESULT SafeArrayGetUBound(SAFEARRAY* array, UINT dimension, LONG* bound) {
+    if (!array || dimension != 1) return DISP_E_BADINDEX;
+    const SAFEARRAYBOUND& only = array->rgsabound[0];
+    *bound = only.lLbound + static_cast<LONG>(only.cElements) - 1;
+    return S_OK;
+}
