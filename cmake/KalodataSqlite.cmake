@@ -1,7 +1,12 @@
-# The embedded engine: Debian's SQLite, or the amalgamation in KALODATA_SQLITE_AMALGAMATION (a folder with
-# sqlite3.c and sqlite3.h) where the system has none for the target.
+# The embedded engine: the system's SQLite, or the amalgamation (sqlite3.c, sqlite3.h) in the folder
+# KALODATA_SQLITE_AMALGAMATION, where the target has none or another version is to be tested. A folder that does not
+# exist is filled with the pinned version.
 set(KALODATA_SQLITE_AMALGAMATION "" CACHE PATH "Folder of the SQLite amalgamation; empty: the system's SQLite")
 if(KALODATA_SQLITE_AMALGAMATION)
+    if(NOT EXISTS ${KALODATA_SQLITE_AMALGAMATION}/sqlite3.c)
+        execute_process(COMMAND ${PROJECT_SOURCE_DIR}/scripts/fetch-sqlite.sh ${KALODATA_SQLITE_AMALGAMATION}
+                        COMMAND_ERROR_IS_FATAL ANY)
+    endif()
     add_library(kalodata_sqlite STATIC ${KALODATA_SQLITE_AMALGAMATION}/sqlite3.c)
     target_include_directories(kalodata_sqlite SYSTEM PUBLIC ${KALODATA_SQLITE_AMALGAMATION})
     target_compile_definitions(kalodata_sqlite PRIVATE

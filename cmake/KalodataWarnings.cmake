@@ -1,5 +1,9 @@
 # Settings that every target of this project shares: warnings as errors, and the sanitizers asked for.
 add_library(kalodata_options INTERFACE)
+if(MSVC)
+    target_compile_options(kalodata_options INTERFACE /W4 /WX /utf-8)
+    return()
+endif()
 target_compile_options(kalodata_options INTERFACE
     -Wall -Wextra -Werror -Wshadow -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor -Woverloaded-virtual)
 if(KALODATA_SANITIZE)
