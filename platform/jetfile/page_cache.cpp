@@ -25,7 +25,7 @@ Page PageCache::Get(std::uint32_t number) const {
     if (number >= count_) ThrowDamaged("a page number beyond the end of the file");
     const std::uint64_t offset = std::uint64_t{number} * pageSize_;
     const std::uint64_t block = offset / kBlockSize;
-    Slot& slot = slots_[block % slots_.size()];
+    Slot& slot = slots_[static_cast<std::size_t>(block % slots_.size())];
     if (!slot.bytes || slot.block != block) slot = {block, ReadBlock(block)};
     const ByteView whole(slot.bytes->data(), slot.bytes->size());
     return {slot.bytes, whole.Sub(static_cast<std::size_t>(offset % kBlockSize), pageSize_)};
