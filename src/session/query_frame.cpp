@@ -127,6 +127,16 @@ Status CountRows(const OnDaoError& onError, const CString& statement, std::uint1
     });
 }
 
+Status ReadRecordCount(const OnDaoError& onError, const CString& statement, Status noRow, std::int32_t& count) {
+    return Locked(onError, [&] {
+        Rows rows(statement);
+        if (rows.Empty()) return noRow;
+        rows.First();
+        count = rows.Value("Record");
+        return kOk;
+    });
+}
+
 Status FindTableAsStored(const TableLookup& lookup, std::int32_t axis, CString& table) {
     return Locked(lookup.onError, [&] {
         Rows rows(Sql(lookup.statement, axis));

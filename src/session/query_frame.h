@@ -122,6 +122,9 @@ Status Run(const OnDaoError& onError, const CString& statement, long* affected =
 // Number of rows of a SELECT, cut to 16 bits; 0 when empty. `count` is written on success only.
 Status CountRows(const OnDaoError& onError, const CString& statement, std::uint16_t* count);
 
+// Reads the column Record of a count query; `noRow` when it has no row. `count` is written on success only.
+Status ReadRecordCount(const OnDaoError& onError, const CString& statement, Status noRow, std::int32_t& count);
+
 // How a function finds the working table of its kind in the axis's row.
 struct TableLookup {
     const char* statement;  // with one %d for the axis number
