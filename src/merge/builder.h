@@ -3,10 +3,11 @@
 #include <span>
 
 #include "merge/version_delta.h"
+#include "session/model_variant.h"
 
-// What the builders of per-axis working tables have in common: the variant and the name of the model, the name of the
-// combination, the reuse check and the registration in the axis's row. All of it keeps the lock after a caught DAO
-// error.
+// What the builders of per-axis working tables have in common beside the variant of the model: its name, the name of
+// the combination, the reuse check and the registration in the axis's row. All of it keeps the lock after a caught
+// DAO error.
 namespace kalo {
 
 // Identity arguments of a builder.
@@ -27,14 +28,6 @@ struct BuildIdentity {
 
 // --- Models ------------------------------------------------------------------------------------------------------
 
-// Each family of models has a table of its variants.
-enum class ModelFamily { Tavro, Tavro2 };
-
-// Replaces a model id by its variant where the family's table says so. `originalId` (where given) receives the id as
-// it came in when it was replaced, else 0.
-Status IdentifyModelVariant(std::int32_t& servoId, std::int32_t servoFirmware, const OnDaoError& onError,
-                            std::int32_t* originalId = nullptr, ModelFamily family = ModelFamily::Tavro);
-
 // Reads the model name of a combination from the session's model table. A NULL name counts as a missing row.
 Status ReadModelName(const BuildIdentity& identity, Status noModel, const OnDaoError& onError, CString& modelName);
 
@@ -54,10 +47,6 @@ CString TableName(const CString& combination, const char* kind);
 // True in `registered` when some axis's row names `table` in `column`.
 Status IsRegistered(const char* column, const CString& table, Status noRow, const OnDaoError& onError,
                     bool& registered);
-
-// Drops a table that an earlier, failed build may have left, so that it does not stand in the way of the next one.
-// Reports nothing; leaves the lock.
-void DropLeftover(const CString& table);
 
 // A column of the axis's row and the table that it is to name; an empty name stores NULL.
 struct RegisteredTable {

@@ -84,11 +84,16 @@ bool Rows::Number(const char* column, float& field) {
 }
 
 bool Rows::Text(const char* column, char* field, std::size_t size) {
+    if (!TextUnterminated(column, field, size - 1)) return false;
+    field[size - 1] = '\0';
+    return true;
+}
+
+bool Rows::TextUnterminated(const char* column, char* field, std::size_t size) {
     if (!Read(column)) return false;
     if (V_VT(&value_) != VT_BSTR) return false;
     _mbsnbcpy(reinterpret_cast<unsigned char*>(field), reinterpret_cast<const unsigned char*>(V_BSTRT(&value_)),
               size);
-    field[size - 1] = '\0';
     return true;
 }
 
@@ -155,8 +160,11 @@ Status FindTable(const TableLookup& lookup, std::int32_t axis, CString& table) {
 }
 
 Status ReadAxisIdentity(std::int32_t axis, Status codeBase, AxisIdentity& identity) {
-    const Status noAxis = codeBase + 8;
-    return Locked(DaoCode(codeBase + 9).AndLeaveLock(), [&] {
+    return ReadAxisIdentity(axis, codeBase + 8, DaoCode(codeBase + 9).AndLeaveLock(), identity);
+}
+
+Status ReadAxisIdentity(std::int32_t axis, Status noAxis, const OnDaoError& onError, AxisIdentity& identity) {
+    return Locked(onError, [&] {
         Rows rows(Sql("SELECT * FROM [tablemanager] WHERE [axis_num] = %d", axis));
         if (rows.Empty()) return noAxis;
         identity.servoId = static_cast<std::uint32_t>(rows.Value("servo_id"));
@@ -172,5 +180,7 @@ Status ReadAxisIdentity(std::int32_t axis, Status codeBase, AxisIdentity& identi
 Status DropWorkTable(const CString& table, Status codeBase) {
     return Run(DaoCode(codeBase + 7).AndLeaveLock(), Sql("DROP TABLE [%s] ", table));
 }
+
+void DropLeftover(const CString& table) { DropWorkTable(table, kOk); }
 
 }  // namespace kalo

@@ -56,6 +56,16 @@ Status Locked(const OnDaoError& onError, Body&& body) {
     return status;
 }
 
+// The same without entering the lock.
+template <class Body>
+Status Unlocked(const OnDaoError& onError, Body&& body) {
+    try {
+        return body();
+    } catch (CDaoException* exception) {
+        return CaughtStatus(exception, onError);
+    }
+}
+
 // Closes an open recordset; a CDaoException thrown by the close is deleted and not reported.
 void CloseQuietly(CDaoRecordset& recordset);
 
@@ -101,6 +111,10 @@ class Rows {
     bool Text(const char* column, char* field, std::size_t size);
     template <std::size_t Size>
     bool Text(const char* column, char (&field)[Size]) { return Text(column, field, Size); }
+
+    // Copies at most `size` bytes of a text, cut on a character boundary, with zeros behind a shorter one. A text that
+    // fills the field stays without terminator.
+    bool TextUnterminated(const char* column, char* field, std::size_t size);
 
     // Copies a text whole, terminator included, however long: it may run past its field into what follows, but
     // never past `end`, the end of the caller's buffer (it is then cut and terminated before `end`).
@@ -154,7 +168,24 @@ struct AxisIdentity {
 // in every case.
 Status ReadAxisIdentity(std::int32_t axis, Status codeBase, AxisIdentity& identity);
 
+// The same for functions that have codes of their own for both cases.
+Status ReadAxisIdentity(std::int32_t axis, Status noAxis, const OnDaoError& onError, AxisIdentity& identity);
+
 // Drops a working table: codeBase + 7 on a DAO error. Leaves the lock in every case.
 Status DropWorkTable(const CString& table, Status codeBase);
+
+// Builds a short-lived table under a fixed name, uses it and drops it (`dropFailed` on a DAO error), whatever the
+// status of the other two: a table that a killed process left goes with the first call that it makes fail.
+template <class Build, class Use>
+Status WithScratchTable(const CString& table, Status dropFailed, Build&& build, Use&& use) {
+    Status status = build();
+    if (status == kOk) status = use();
+    const Status dropped = Run(DaoCode(dropFailed).AndLeaveLock(), Sql("DROP TABLE [%s] ", table));
+    return status != kOk ? status : dropped;
+}
+
+// Drops a table that an earlier, failed call may have left, so that it does not stand in the way of the next one.
+// Reports nothing; leaves the lock.
+void DropLeftover(const CString& table);
 
 }  // namespace kalo
