@@ -3,5 +3,6 @@
 
 /* Everything that the library exports; one header per subsystem. */
 #include <kalodata/types.h>
+#include <kalodata/traces.h>
 
 #endif
