@@ -105,6 +105,13 @@ class Rows {
     }
     // The field as a 32-bit float.
     bool Number(const char* column, float& field);
+    // The field as a number of the type of `otherwise`, which a NULL gives. For packed records, whose fields a
+    // reference must not bind to: record.size = rows.NumberOr("size", record.size).
+    template <class NumberType>
+    NumberType NumberOr(const char* column, NumberType otherwise) {
+        Number(column, otherwise);
+        return otherwise;
+    }
 
     // Copies a text, cut to `size` bytes on a character boundary, with a zero in the last byte at the latest and
     // zeros behind the text; a NULL leaves `field` as it was and returns false.
