@@ -43,14 +43,20 @@ void CloseQuietly(CDaoRecordset& recordset) {
     }
 }
 
-long Execute(const CString& statement) {
-    CDaoQueryDef query(Database());
+long Execute(const CString& statement) { return ExecuteOn(*Database(), statement); }
+
+long ExecuteOn(CDaoDatabase& database, const CString& statement) {
+    CDaoQueryDef query(&database);
     query.Create(nullptr, statement);
     query.Execute(kFailOnError);
     return query.GetRecordsAffected();
 }
 
-Rows::Rows(const CString& statement) : recordset_(Database()) { recordset_.Open(dbOpenDynaset, statement, 0); }
+Rows::Rows(const CString& statement) : Rows(*Database(), statement) {}
+
+Rows::Rows(CDaoDatabase& database, const CString& statement) : recordset_(&database) {
+    recordset_.Open(dbOpenDynaset, statement, 0);
+}
 
 void Rows::Seek(long index) {
     recordset_.MoveFirst();

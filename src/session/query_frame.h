@@ -74,11 +74,13 @@ void CloseQuietly(CDaoRecordset& recordset);
 // Executes an action statement or DDL through an unnamed query definition, failing on the first error. Returns the
 // number of rows affected.
 long Execute(const CString& statement);
+long ExecuteOn(CDaoDatabase& database, const CString& statement);
 
 // The rows of a SELECT, opened as a dynaset and standing on the first row.
 class Rows {
   public:
     explicit Rows(const CString& statement);
+    Rows(CDaoDatabase& database, const CString& statement);
 
     bool Empty() { return recordset_.IsBOF() && recordset_.IsEOF(); }
     bool AtEnd() { return recordset_.IsEOF(); }

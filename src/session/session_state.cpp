@@ -1,0 +1,39 @@
+#include "session/session_state.h"
+
+#include <algorithm>
+
+#include "session/query_frame.h"
+#include "session/side_connection.h"
+
+namespace kalo {
+namespace {
+
+constexpr DWORD kPathSize = 4096;
+
+}  // namespace
+
+SessionState& Session() {
+    static SessionState session;
+    return session;
+}
+
+void ResetSession() {
+    SetDatabase(nullptr);
+    ForgetSideConnection();
+    Session() = SessionState();
+}
+
+Status StampStatus(const char* column, const char* value) {
+    enum : Status { kNoValue = 0x2BFF1039, kFailed = 0x2BFF103A };
+    if (value == nullptr) return kNoValue;
+    return Run(DaoCode(kFailed), Sql("UPDATE [mdbname] SET [%s] = \"%s\" WHERE [id] = 1", column, value));
+}
+
+CString HostDirectory() {
+    char path[kPathSize] = {};
+    GetModuleFileNameA(nullptr, path, kPathSize - 1);
+    const CString program(path);
+    return program.Left(std::max(program.ReverseFind('\\'), program.ReverseFind('/')) + 1);
+}
+
+}  // namespace kalo
