@@ -3,6 +3,7 @@
 
 /* Everything that the library exports; one header per subsystem. */
 #include <kalodata/types.h>
+#include <kalodata/digits.h>
 #include <kalodata/axis.h>
 #include <kalodata/session.h>
 #include <kalodata/traces.h>
