@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <string>
 
-// MFC's general classes, as far as this library uses them, with MFC's documented behaviour. Strings are narrow: in
-// the ANSI code page on Windows, in UTF-8 everywhere else.
+// MFC's general classes, as far as this library uses them, with MFC's documented behaviour. Strings are
+// narrow: in the ANSI code page on Windows, in UTF-8 everywhere else.
 
 #define _T(text) text
 
@@ -67,7 +67,23 @@ class CException : public CObject {
 
 class CFileException : public CException {
   public:
-    enum Cause { none, genericException, fileNotFound, badPath, tooManyOpenFiles, accessDenied, invalidFile };
+    enum Cause {
+        none,
+        genericException,
+        fileNotFound,
+        badPath,
+        tooManyOpenFiles,
+        accessDenied,
+        invalidFile,
+        removeCurrentDir,
+        directoryFull,
+        badSeek,
+        hardIO,
+        sharingViolation,
+        lockViolation,
+        diskFull,
+        endOfFile
+    };
     explicit CFileException(int cause = none, LONG osError = -1, LPCTSTR fileName = nullptr);
     BOOL GetErrorMessage(LPTSTR error, UINT maxError, UINT* helpContext = nullptr) override;
 
@@ -86,7 +102,8 @@ class CFile {
   public:
     // FALSE when the file is missing; does not open it.
     static BOOL GetStatus(LPCTSTR fileName, CFileStatus& status);
-    // Deletes the file, and first what the database engine keeps beside it. Throws CFileException* on failure.
+    // Deletes the file, and first what the database engine keeps beside it. Throws CFileException* on
+    // failure: the file is missing, read-only, a folder, or open in a database engine.
     static void Remove(LPCTSTR fileName);
 };
 

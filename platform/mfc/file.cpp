@@ -2,6 +2,7 @@
 
 #include "afx.h"
 #include "system/file_path.h"
+#include "system/open_files.h"
 #include "system/sidecar_files.h"
 
 namespace fs = std::filesystem;
@@ -29,22 +30,29 @@ int CauseOf(const std::error_code& error) {
     if (error == std::errc::permission_denied || error == std::errc::operation_not_permitted ||
         error == std::errc::read_only_file_system)
         return CFileException::accessDenied;
+    if (error == std::errc::text_file_busy) return CFileException::sharingViolation;
     return CFileException::genericException;
 }
 
-[[noreturn]] void ThrowFileException(const std::error_code& error, LPCTSTR fileName) {
-    throw new CFileException(CauseOf(error), error.value(), fileName);
-}
-
-void RequireRemovable(const fs::path& path, LPCTSTR fileName) {
+std::error_code WhyNotRemovable(const fs::path& path) {
     std::error_code error;
     const fs::file_status status = fs::status(path, error);
-    if (!fs::exists(status)) {
-        ThrowFileException(error ? error : std::make_error_code(std::errc::no_such_file_or_directory),
-                           fileName);
+    if (fs::is_directory(status)) return std::make_error_code(std::errc::permission_denied);
+    if (!fs::exists(status)) return error;
+    if (IsReadOnly(status)) return std::make_error_code(std::errc::permission_denied);
+    return fileio::IsInUse(path) ? std::make_error_code(std::errc::text_file_busy) : std::error_code();
+}
+
+// What lies beside a missing file goes too.
+std::error_code RemoveFile(const fs::path& path) {
+    std::error_code error = WhyNotRemovable(path);
+    if (!error || error == std::errc::no_such_file_or_directory) {
+        const std::error_code sidecarError = fileio::RemoveSidecarFiles(path);
+        if (!error) error = sidecarError;
     }
-    if (fs::is_directory(status) || IsReadOnly(status))
-        ThrowFileException(std::make_error_code(std::errc::permission_denied), fileName);
+    if (!error && !fs::remove(path, error) && !error)
+        error = std::make_error_code(std::errc::no_such_file_or_directory);
+    return error;
 }
 
 }  // namespace
@@ -63,10 +71,6 @@ BOOL CFile::GetStatus(LPCTSTR fileName, CFileStatus& status) {
 }
 
 void CFile::Remove(LPCTSTR fileName) {
-    const fs::path path = fileio::FilePath(fileName);
-    RequireRemovable(path, fileName);
-    if (const std::error_code error = fileio::RemoveSidecarFiles(path)) ThrowFileException(error, fileName);
-    std::error_code error;
-    fs::remove(path, error);
-    if (error) ThrowFileException(error, fileName);
+    if (const std::error_code error = RemoveFile(fileio::FilePath(fileName)))
+        throw new CFileException(CauseOf(error), error.value(), fileName);
 }

@@ -4,6 +4,7 @@
 
 #include "shellapi.h"
 #include "system/file_path.h"
+#include "system/open_files.h"
 #include "system/sidecar_files.h"
 
 namespace fs = std::filesystem;
@@ -48,6 +49,7 @@ int CheckTarget(const fs::path& source, const fs::path& target) {
     std::error_code error;
     if (fs::equivalent(source, target, error)) return kSameFile;
     if (fs::is_directory(target, error)) return kTargetIsFolder;
+    if (fileio::IsInUse(target)) return kTargetFailed;
     return fs::is_directory(fs::absolute(target, error).parent_path(), error) ? 0 : kInvalidFiles;
 }
 

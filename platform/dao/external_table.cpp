@@ -1,0 +1,85 @@
+#include <sqlite3.h>
+
+#include <cmath>
+#include <filesystem>
+
+#include "dao/bookkeeping.h"
+#include "dao/connection.h"
+#include "dao/database_file.h"
+#include "dao/errors.h"
+#include "dao/file_kind.h"
+#include "dao/row_block.h"
+#include "dao/table_definition.h"
+#include "jetsql/names.h"
+#include "system/file_path.h"
+#include "system/open_files.h"
+
+namespace fs = std::filesystem;
+
+namespace daoengine {
+namespace {
+
+using RowVisitor = std::function<void(const jetfile::Row&)>;
+
+constexpr int kTableNotFound = 3078;
+constexpr double kCurrencyUnit = 10000.0;
+
+jet::Table ReadJetTable(const fs::path& path, const std::string& password, const std::string& name,
+                        const RowVisitor& visit) {
+    const jetfile::Reader reader(fileio::NarrowPath(path), password);
+    for (const jet::Table& table : reader.Tables()) {
+        if (!jetsql::SameName(table.name, name)) continue;
+        reader.ReadRows(table.name, [&](jetfile::Row&& row) {
+            visit(row);
+            return true;
+        });
+        return table;
+    }
+    Throw(kTableNotFound);
+}
+
+// A stored value in the form in which the reader of Jet files gives values of the column's type.
+jetfile::Value ValueOf(const FieldView& field, jet::Type type) {
+    switch (field.kind) {
+        case FieldView::Kind::Integer:
+            return field.integer;
+        case FieldView::Kind::Real:
+            if (type == jet::Type::Currency) return std::int64_t{std::llround(field.real * kCurrencyUnit)};
+            return field.real;
+        case FieldView::Kind::Text:
+            return std::string(field.bytes);
+        case FieldView::Kind::Blob:
+            return jetfile::Blob(field.bytes.begin(), field.bytes.end());
+        default:
+            return std::monostate();
+    }
+}
+
+jet::Table ReadEngineTable(const fs::path& path, const std::string& password, const std::string& name,
+                           const RowVisitor& visit) {
+    const fileio::OpenFileMark mark(path);
+    Engine engine(OpenConnection(path, Access::ReadOnly).release(), Engine::Ownership::Owned);
+    CheckBookkeeping(engine, password);
+    const std::optional<jet::Table> table = ReadTableDefinition(engine, name);
+    if (!table) Throw(kTableNotFound);
+    Statement statement(engine, "SELECT * FROM " + jetsql::Quoted(table->name) + " ORDER BY rowid",
+                        Work::Rows);
+    jetfile::Row row(table->columns.size());
+    while (statement.Step()) {
+        for (std::size_t i = 0; i < row.size(); ++i)
+            row[i] = ValueOf(FieldOf(statement.Handle(), static_cast<int>(i)), table->columns[i].type);
+        visit(row);
+    }
+    return *table;
+}
+
+}  // namespace
+
+jet::Table ReadExternalTable(const std::string& path, const std::string& password, const std::string& table,
+                             const RowVisitor& visit) {
+    const fs::path file = fileio::FilePath(path);
+    return KindOf(file) == FileKind::Engine ? ReadEngineTable(file, password, table, visit)
+                                            : ReadJetTable(file, password, table, visit);
+}
+
+}  // namespace daoengine

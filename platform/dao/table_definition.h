@@ -1,0 +1,21 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "dao/engine.h"
+#include "jet/schema.h"
+
+namespace daoengine {
+
+// Names of the tables that a database's user made, in the order in which they were made: neither the engine's
+// own nor those in which a converted file keeps its queries and properties.
+std::vector<std::string> UserTableNames(Engine& engine);
+
+// Reads a table's columns from the database's schema; nothing when there is no such table. Names compare
+// without case, whatever the alphabet.
+std::optional<jet::Table> ReadTableDefinition(Engine& engine, std::string_view name);
+
+}  // namespace daoengine
