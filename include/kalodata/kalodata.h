@@ -3,8 +3,10 @@
 
 /* Everything that the library exports; one header per subsystem. */
 #include <kalodata/types.h>
-#include <kalodata/digits.h>
 #include <kalodata/axis.h>
+#include <kalodata/catalogue.h>
+#include <kalodata/digits.h>
+#include <kalodata/help.h>
 #include <kalodata/session.h>
 #include <kalodata/traces.h>
 
