@@ -1,6 +1,6 @@
 # The library exports what cmake/exports.txt lists, one name a line, and nothing else: from it come the module
 # definition file (Windows) and the version script (elsewhere). A listed name without a definition fails the link.
-set(KALODATA_EXPORT_LIST ${PROJECT_SOURCE_DIR}/cmake/exports.txt)
+set(KALODATA_EXPORT_LIST ${PROJECT_SOURCE_DIR}/cmake/exports.txt CACHE INTERNAL "Names that the library exports")
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${KALODATA_EXPORT_LIST})
 
 # Takes names out of the list that no source file defines yet.
