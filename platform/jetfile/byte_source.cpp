@@ -16,12 +16,13 @@ namespace {
 
 FileSource::FileSource(const std::string& path) : file_(std::fopen(path.c_str(), "rb")) {
     if (!file_) {
-        if (errno == ENOENT || errno == ENOTDIR) throw jet::Error(3024, "Could not find file '" + path + "'.");
+        if (errno == ENOENT || errno == ENOTDIR)
+            throw jet::Error(3024, "Could not find file '" + path + "'.");
         ThrowUnreadable(path);
     }
     std::setvbuf(file_.get(), nullptr, _IONBF, 0);
-    // Databases of these formats end at 2 GB, so a long holds every offset. A folder opens on some systems, but
-    // has no byte to read.
+    // Databases of these formats end at 2 GB, so a long holds every offset. A folder opens on some systems,
+    // but has no byte to read.
     const long size = std::fseek(file_.get(), 0, SEEK_END) == 0 ? std::ftell(file_.get()) : -1;
     std::uint8_t first = 0;
     if (size < 0 || (size > 0 && Read(0, &first, 1) != 1)) ThrowUnreadable(path);

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <string>
 
-// Checked access to the bytes of a file. Nothing in the reader touches file bytes in any other way, so a wrong
-// length or offset in a file can only end in jet::Error 3049.
+// Checked access to the bytes of a file. Nothing in the reader touches file bytes in any other way, so a
+// wrong length or offset in a file can only end in jet::Error 3049.
 namespace jetfile {
 
 // Throws jet::Error 3049; `what` names the damaged structure.
@@ -49,7 +49,8 @@ class ByteView {
     std::uint64_t Unsigned(std::size_t at) const {
         Require(at, kBytes);
         std::uint64_t number = 0;
-        for (std::size_t i = 0; i < kBytes; ++i) number |= std::uint64_t{data_[at + i]} << (8 * i);
+        for (std::size_t i = 0; i < kBytes; ++i)
+            number |= std::uint64_t{data_[at + i]} << (8 * i);
         return number;
     }
 
@@ -75,9 +76,9 @@ class ByteCursor {
     std::size_t at_ = 0;
 };
 
-// How many bytes one operation may still collect by following pointers. In a sound file every stored byte belongs
-// to one value, so an operation never collects more bytes than the file has; pointers that lead to the same bytes
-// again and again do.
+// How many bytes one operation may still collect by following pointers. In a sound file every stored byte
+// belongs to one value, so an operation never collects more bytes than the file has; pointers that lead to
+// the same bytes again and again do.
 class ReadBudget {
   public:
     explicit ReadBudget(std::uint64_t bytes) : left_(bytes) {}

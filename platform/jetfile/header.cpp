@@ -50,9 +50,12 @@ FileKind KindOf(const HeaderBytes& bytes) {
         return FileKind::Other;
     }
     switch (bytes[kVersionAt]) {
-        case 0: return FileKind::Jet3;
-        case 1: return FileKind::Jet4;
-        default: return FileKind::Other;
+        case 0:
+            return FileKind::Jet3;
+        case 1:
+            return FileKind::Jet4;
+        default:
+            return FileKind::Other;
     }
 }
 
@@ -79,6 +82,11 @@ std::string UnicodePassword(ByteView bytes, double creationDate) {
 
 }  // namespace
 
+FileKind ProbeSource(ByteSource& source) {
+    HeaderBytes bytes = {};
+    return source.Read(0, bytes.data(), bytes.size()) == bytes.size() ? KindOf(bytes) : FileKind::Other;
+}
+
 Header ReadHeader(ByteSource& source) {
     HeaderBytes bytes = {};
     Header header;
@@ -101,7 +109,8 @@ Header ReadHeader(ByteSource& source) {
 void CheckAccess(const Header& header, const std::string& password) {
     if (header.kind == FileKind::Other) throw jet::Error(3343, "Unrecognized database format.");
     if (header.encoded) throw jet::Error(3343, "Unrecognized database format: the file is encoded.");
-    if (!header.password.empty() && header.password != password) throw jet::Error(3031, "Not a valid password.");
+    if (!header.password.empty() && header.password != password)
+        throw jet::Error(3031, "Not a valid password.");
 }
 
 }  // namespace jetfile

@@ -15,6 +15,9 @@ struct Header {
     std::string password;        // UTF-8; empty when the file has none
 };
 
+// What the signature and the version byte say.
+FileKind ProbeSource(ByteSource& source);
+
 // Reads and unmasks the header. A source that is no Jet 3 or Jet 4 file gives FileKind::Other.
 Header ReadHeader(ByteSource& source);
 

@@ -96,7 +96,8 @@ void AppendUtf8(char32_t character, std::string& utf8) {
 
 void AppendUtf16(ByteView text, std::string& utf8) {
     Utf16Decoder decoder(utf8);
-    for (std::size_t at = 0; at + 1 < text.Size(); at += 2) decoder.Put(text.U16(at));
+    for (std::size_t at = 0; at + 1 < text.Size(); at += 2)
+        decoder.Put(text.U16(at));
 }
 
 std::string DecodeUnicodeField(ByteView text) {

@@ -57,7 +57,8 @@ class Converter {
 }  // namespace
 
 void AppendCodePageText(std::uint16_t codePage, ByteView text, std::string& utf8) {
-    // Nearly all texts of a file have one code page; opening a converter for each would cost more than the text.
+    // Nearly all texts of a file have one code page; opening a converter for each would cost more than the
+    // text.
     thread_local std::unique_ptr<Converter> converter;
     if (!converter || converter->CodePage() != codePage) {
         converter.reset();
