@@ -31,6 +31,7 @@ struct Column {
     bool counter = false;  // AutoNumber
     int precision = 0;     // Decimal only
     int scale = 0;         // Decimal only
+    bool required = false; // NOT NULL
 };
 
 struct IndexColumn {

@@ -9,8 +9,8 @@
 
 #include "jet/schema.h"
 
-// The Jet SQL dialect: lexer, parser, binder and printer to SQLite's SQL. All texts are UTF-8. Every failure is a
-// jet::Error with DAO's number: a statement outside the dialect is refused, never passed on.
+// The Jet SQL dialect: lexer, parser, binder and printer to SQLite's SQL. All texts are UTF-8. Every failure
+// is a jet::Error with DAO's number: a statement outside the dialect is refused, never passed on.
 namespace jetsql {
 
 // Where the binder finds tables and stored queries. Names compare without case.
@@ -18,16 +18,18 @@ class Catalogue {
   public:
     virtual ~Catalogue() = default;
 
-    // A table of the current database, nullptr when there is none. The pointer stays valid during a translation.
+    // A table of the current database, nullptr when there is none. The pointer stays valid during a
+    // translation.
     virtual const jet::Table* FindTable(std::string_view name) = 0;
 
-    // The Jet SQL text of a stored query, nullptr when there is none. A query that cannot be expressed throws its
-    // jet::Error here.
+    // The Jet SQL text of a stored query, nullptr when there is none. A query that cannot be expressed throws
+    // its jet::Error here.
     virtual const std::string* FindQuery(std::string_view name) = 0;
 
-    // A table of another database file (FROM t IN '' [;DATABASE=path;PWD=pw]). `connect` is the text between the
-    // brackets, `path` the text between the quotes; the implementation checks both (3321, 3170, 3024, 3031, 3343,
-    // 3078) and makes the table visible to SQLite. Returns its definition and the quoted name to read it by.
+    // A table of another database file (FROM t IN '' [;DATABASE=path;PWD=pw]). `connect` is the text between
+    // the brackets, `path` the text between the quotes; the implementation checks both (3321, 3170, 3024,
+    // 3031, 3343, 3078) and makes the table visible to SQLite. Returns its definition and the quoted name to
+    // read it by.
     struct ExternalTable {
         const jet::Table* table;
         std::string sqliteName;  // e.g. temp."external1"
@@ -39,9 +41,9 @@ class Catalogue {
 // A literal lifted out of a statement's text: an integer, another number, or a text.
 using Literal = std::variant<std::int64_t, double, std::string>;
 
-// A statement with its literals lifted out. `key` is the same for all statements of one shape: same tokens (names
-// as written, blanks folded), same kinds of literals. Positions in ORDER BY, sizes in DDL and TOP counts are no
-// literals and stay in the key; so do the texts of an IN clause.
+// A statement with its literals lifted out. `key` is the same for all statements of one shape: same tokens
+// (names as written, blanks folded), same kinds of literals. Positions in ORDER BY, sizes in DDL and TOP
+// counts are no literals and stay in the key; so do the texts of an IN clause.
 struct Shape {
     std::string key;
     std::vector<Literal> literals;
@@ -51,8 +53,17 @@ struct Shape {
 Shape ShapeOf(std::string_view statement);
 
 enum class StatementKind {
-    Select, SelectInto, Insert, Update, Delete,
-    CreateTable, DropTable, AddColumn, DropColumn, CreateIndex, DropIndex,
+    Select,
+    SelectInto,
+    Insert,
+    Update,
+    Delete,
+    CreateTable,
+    DropTable,
+    AddColumn,
+    DropColumn,
+    CreateIndex,
+    DropIndex,
 };
 
 struct OutputColumn {
@@ -62,31 +73,34 @@ struct OutputColumn {
     int scale = 0;
 };
 
-// A SELECT over one table whose WHERE demands `column` = a literal at its top level (alone or joined by AND), so
-// that an engine which knows the rows with that value need not walk the table.
+// A SELECT over one table whose WHERE demands `column` = a literal at its top level (alone or joined by AND),
+// so that an engine which knows the rows with that value need not walk the table.
 struct EqualityLookup {
-    std::string column;        // the table's spelling
-    std::size_t literal = 0;   // index into Shape::literals
-    std::string sqlByRow;      // the same SELECT (whole WHERE kept) for one row: SQLite's rowid is the parameter
-                               // after the last literal; no ORDER BY
+    std::string column;       // the table's spelling
+    std::size_t literal = 0;  // index into Shape::literals
+    std::string sqlByRow;  // the same SELECT (whole WHERE kept) for one row: SQLite's rowid is the parameter
+                           // after the last literal; no ORDER BY
 };
 
 struct Translation {
     StatementKind kind = StatementKind::Select;
-    std::string sql;  // SQLite's SQL; literal i is parameter ?i+1. For SelectInto the SELECT alone; empty for DDL
+    std::string
+        sql;  // SQLite's SQL; literal i is parameter ?i+1. For SelectInto the SELECT alone; empty for DDL
     std::vector<OutputColumn> columns;  // Select and SelectInto
-    jet::Table definition;   // SelectInto and CreateTable: the new table; AddColumn: one column; CreateIndex: one index
-    std::string target;      // the table written, made, altered, indexed or dropped, in its stored spelling
-    std::string dropped;     // DropColumn: the column; DropIndex: the index
-    std::vector<std::string> tables;    // every table of this database that is read or written, stored spelling
+    jet::Table definition;  // SelectInto and CreateTable: the new table; AddColumn: one column; CreateIndex:
+                            // one index
+    std::string target;     // the table written, made, altered, indexed or dropped, in its stored spelling
+    std::string dropped;    // DropColumn: the column; DropIndex: the index
+    std::vector<std::string> tables;  // every table of this database that is read or written, stored spelling
     std::vector<EqualityLookup> lookups;
-    bool cacheable = true;   // false when the text depends on more than the shape (an external table)
-    bool ordered = false;    // Select: has an ORDER BY of its own (or DISTINCT)
+    bool cacheable = true;  // false when the text depends on more than the shape (an external table)
+    bool ordered = false;   // Select: has an ORDER BY of its own (or DISTINCT)
 };
 
 // Parses, binds and prints one statement whose literals are the parameters of `shape`.
-// Numbers: 3061 unknown column, 3075 and its kin for syntax, 3078 missing table, 3192/3127/3346/3063 for INSERT,
-// 3010 existing table, 3376 DROP/ALTER of a missing one, 3380/3381 columns, 3464/3615 types, 3079 ambiguous …
+// Numbers: 3061 unknown column, 3075 and its kin for syntax, 3078 missing table, 3192/3127/3346/3063 for
+// INSERT, 3010 existing table, 3376 DROP/ALTER of a missing one, 3380/3381 columns, 3464/3615 types, 3079
+// ambiguous …
 Translation Translate(std::string_view statement, Catalogue& catalogue);
 
 // Names of SQL functions and the collation that printed statements use; the engine registers them on each

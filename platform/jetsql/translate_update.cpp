@@ -1,0 +1,142 @@
+#include <set>
+
+#include "jetsql/errors.h"
+#include "jetsql/from_printer.h"
+#include "jetsql/names.h"
+#include "jetsql/select_printer.h"
+#include "jetsql/statement_printers.h"
+#include "jetsql/store.h"
+
+namespace jetsql {
+namespace {
+
+using Clause = ExpressionPrinter::Clause;
+
+class UpdatePrinter {
+  public:
+    UpdatePrinter(Binding& binding, const Update& update)
+        : binding_(binding), update_(update), scope_(nullptr) {}
+
+    void Print();
+
+  private:
+    struct NewValue {
+        std::string column;  // the table's spelling
+        std::string sql;     // the value as it is stored
+    };
+
+    void PrintAssignments();
+    const BoundColumn* FindTarget(const Expression& target);
+    std::string OverOneTable() const;
+    std::string OverJoin() const;
+    std::string LastMatches() const;
+    std::string RankedMatches() const;
+    std::string Values() const;
+    std::vector<OrderKey> MatchOrder() const;
+
+    Binding& binding_;
+    const Update& update_;
+    Scope scope_;
+    FromText from_;
+    std::string where_;
+    const BoundSource* target_ = nullptr;
+    std::vector<NewValue> values_;
+};
+
+void UpdatePrinter::Print() {
+    from_ = PrintFrom(binding_, scope_, *update_.source);
+    PrintAssignments();
+    if (update_.where) where_ = ExpressionPrinter(binding_, scope_, Clause::Where).Condition(*update_.where);
+    where_ = WhereClause(from_.conditions, where_);
+    binding_.RefuseUnknown();
+    binding_.result.kind = StatementKind::Update;
+    binding_.result.target = target_->table->name;
+    binding_.result.sql = scope_.Size() == 1 ? OverOneTable() : OverJoin();
+}
+
+// The column that an assignment sets; all must belong to one table of this database.
+const BoundColumn* UpdatePrinter::FindTarget(const Expression& target) {
+    const Scope::Match match = scope_.Find(target.table, target.name);
+    if (match.column == nullptr) {
+        binding_.Unknown(target.table, target.name);
+        return nullptr;
+    }
+    if (target_ == nullptr) target_ = match.source;
+    if (target_ != match.source || target_->table == nullptr) {
+        Fail(kNotUpdatable, "Operation must use an updatable query.");
+    }
+    return match.column;
+}
+
+void UpdatePrinter::PrintAssignments() {
+    ExpressionPrinter printer(binding_, scope_, Clause::Values);
+    std::set<std::string> names;
+    for (const Assignment& assignment : update_.assignments) {
+        const BoundColumn* column = FindTarget(*assignment.target);
+        const Operand value = printer.Value(*assignment.value);
+        if (column == nullptr) continue;
+        if (!names.insert(column->name).second) {
+            Fail(kDuplicateDestination, "Duplicate output destination '" + column->name + "'.");
+        }
+        values_.push_back({column->name, Stored(value, column->type)});
+    }
+}
+
+std::string UpdatePrinter::OverOneTable() const {
+    std::string sql = "UPDATE " + target_->from + " SET ";
+    for (std::size_t i = 0; i < values_.size(); ++i) {
+        sql += (i > 0 ? ", " : "") + Quoted(values_[i].column) + " = " + values_[i].sql;
+    }
+    return sql + where_;
+}
+
+std::string UpdatePrinter::Values() const {
+    std::string sql = target_->rowid + " AS r";
+    for (std::size_t i = 0; i < values_.size(); ++i)
+        sql += ", " + values_[i].sql + " AS v" + std::to_string(i + 1);
+    return sql;
+}
+
+// The order in which the matches of one target row are applied.
+std::vector<OrderKey> UpdatePrinter::MatchOrder() const {
+    std::vector<OrderKey> order;
+    for (std::size_t i = 0; i < scope_.Size(); ++i) {
+        const BoundSource& source = scope_.At(i);
+        if (&source == target_) continue;
+        order.insert(order.end(), source.storageOrder.begin(), source.storageOrder.end());
+    }
+    return order;
+}
+
+// One row per target row, that of the last match: SQLite takes the other outputs from the row that has the
+// maximum.
+std::string UpdatePrinter::LastMatches() const {
+    const std::vector<OrderKey> order = MatchOrder();
+    if (order.size() != 1 || order[0].descending) return RankedMatches();
+    return "SELECT " + Values() + ", max(" + order[0].sql + ") FROM " + from_.sql + where_ + " GROUP BY " +
+           target_->rowid;
+}
+
+std::string UpdatePrinter::RankedMatches() const {
+    std::vector<OrderKey> order = MatchOrder();
+    for (OrderKey& key : order)
+        key.descending = !key.descending;
+    return "SELECT * FROM (SELECT " + Values() + ", row_number() OVER (PARTITION BY " + target_->rowid +
+           OrderClause(order) + ") AS place FROM " + from_.sql + where_ + ") WHERE place = 1";
+}
+
+std::string UpdatePrinter::OverJoin() const {
+    std::string sql = "UPDATE " + Quoted(target_->table->name) + " AS w SET ";
+    for (std::size_t i = 0; i < values_.size(); ++i) {
+        sql += (i > 0 ? ", " : "") + Quoted(values_[i].column) + " = m.v" + std::to_string(i + 1);
+    }
+    return sql + " FROM (" + LastMatches() + ") AS m WHERE w." + RowidName(*target_->table) + " = m.r";
+}
+
+}  // namespace
+
+void TranslateUpdate(Binding& binding, const Update& update) {
+    UpdatePrinter(binding, update).Print();
+}
+
+}  // namespace jetsql

@@ -1,0 +1,35 @@
+#include "jetsql/translator.h"
+
+#include "jetsql/parser.h"
+#include "jetsql/statement_printers.h"
+
+namespace jetsql {
+namespace {
+
+struct Dispatcher {
+    Binding& binding;
+
+    void operator()(const SelectPtr& select) const { TranslateSelect(binding, *select); }
+    void operator()(const Insert& insert) const { TranslateInsert(binding, insert); }
+    void operator()(const Update& update) const { TranslateUpdate(binding, update); }
+    void operator()(const Delete& deletion) const { TranslateDelete(binding, deletion); }
+    template <typename Definition>
+    void operator()(const Definition& definition) const {
+        TranslateDefinition(binding, definition);
+    }
+};
+
+}  // namespace
+
+Translation Translate(std::string_view statement, Catalogue& catalogue) {
+    Parser parser(statement, Parser::Literals::Lifted);
+    const Statement tree = parser.ParseStatement();
+    Translation result;
+    Binding binding(catalogue, result);
+    binding.literals = parser.LiteralCount();
+    std::visit(Dispatcher{binding}, tree);
+    binding.RefuseUnknown();
+    return result;
+}
+
+}  // namespace jetsql
