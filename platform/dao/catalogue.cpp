@@ -1,0 +1,94 @@
+#include "dao/catalogue.h"
+
+#include <optional>
+#include <utility>
+
+#include "dao/row_block.h"
+#include "dao/session.h"
+#include "dao/table_definition.h"
+#include "jetsql/ddl.h"
+#include "jetsql/names.h"
+
+namespace daoengine {
+namespace {
+
+// Tables of the engine's own have names that no statement reaches.
+bool IsHidden(std::string_view name) {
+    return name.starts_with('~') || jetsql::FoldedName(name).starts_with("sqlite_");
+}
+
+std::string TextAt(Statement& statement, int column) {
+    return std::string(FieldOf(statement.Handle(), column).bytes);
+}
+
+jet::Index ReadIndex(Engine& engine, const std::string& sqlName) {
+    jet::Index index;
+    Statement columns(engine, "PRAGMA main.index_xinfo(" + jetsql::Quoted(sqlName) + ")", Work::Rows);
+    while (columns.Step()) {
+        const bool isKey = FieldOf(columns.Handle(), 5).integer != 0;
+        if (isKey) index.columns.push_back({TextAt(columns, 2), FieldOf(columns.Handle(), 3).integer != 0});
+    }
+    return index;
+}
+
+void ReadIndexes(Engine& engine, jet::Table& table) {
+    const std::string prefix = jetsql::IndexName(table.name, "");
+    Statement list(engine, "PRAGMA main.index_list(" + jetsql::Quoted(table.name) + ")", Work::Rows);
+    while (list.Step()) {
+        const std::string sqlName = TextAt(list, 1);
+        jet::Index index = ReadIndex(engine, sqlName);
+        index.name = sqlName.starts_with(prefix) ? sqlName.substr(prefix.size()) : sqlName;
+        index.unique = FieldOf(list.Handle(), 2).integer != 0;
+        table.indexes.push_back(std::move(index));
+    }
+}
+
+}  // namespace
+
+const jet::Table* EngineCatalogue::FindTable(std::string_view name) {
+    if (IsHidden(name)) return nullptr;
+    const std::string key = jetsql::FoldedName(name);
+    const auto found = tables_.find(key);
+    if (found != tables_.end()) return found->second.get();
+    Engine& engine = session_.OwnEngine();
+    std::optional<jet::Table> table = ReadTableDefinition(engine, name);
+    if (!table) return nullptr;
+    ReadIndexes(engine, *table);
+    return (tables_[key] = std::make_unique<jet::Table>(std::move(*table))).get();
+}
+
+const std::string* EngineCatalogue::FindQuery(std::string_view name) {
+    if (!queriesRead_) ReadQueries();
+    const auto found = queries_.find(jetsql::FoldedName(name));
+    if (found == queries_.end()) return nullptr;
+    if (found->second.sql.empty()) Throw(3075, "The stored query cannot be used: " + found->second.problem);
+    return &found->second.sql;
+}
+
+void EngineCatalogue::ReadQueries() {
+    Engine& engine = session_.OwnEngine();
+    queriesRead_ = true;
+    if (engine.Number("SELECT count(*) FROM main.sqlite_schema WHERE name = '~jet_queries'") == 0) return;
+    Statement statement(engine, "SELECT name, sql, problem FROM \"~jet_queries\"", Work::Rows);
+    while (statement.Step())
+        queries_[jetsql::FoldedName(TextAt(statement, 0))] = {TextAt(statement, 1), TextAt(statement, 2)};
+}
+
+jetsql::Catalogue::ExternalTable EngineCatalogue::FindExternalTable(std::string_view name,
+                                                                    std::string_view path,
+                                                                    std::string_view connect) {
+    if (externals_ == nullptr) Throw(3219);
+    return externals_->Read(name, path, connect);
+}
+
+void EngineCatalogue::Forget(std::string_view table) {
+    tables_.erase(jetsql::FoldedName(table));
+}
+
+void EngineCatalogue::Clear() {
+    tables_.clear();
+    queries_.clear();
+    queriesRead_ = false;
+}
+
+}  // namespace daoengine

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+struct sqlite3;
+
+namespace daoengine {
+
+// Tells whether anybody has changed a database file, without reading it. In write-ahead log mode every commit
+// of every process writes a new header into the shared memory of the log's index; comparing it with the one
+// seen last costs no lock and no system call.
+class ChangeWatch {
+  public:
+    // Starts to watch; the connection has read the database before.
+    void Attach(sqlite3* engine);
+
+    // Whether changes can be told. When not, nothing that was read may be kept.
+    bool Usable() const { return private_ || header_ != nullptr; }
+
+    // Grows whenever another connection may have changed the file.
+    std::uint64_t Epoch();
+
+    // Enclose one committing statement of the own connection, which by itself does not change the epoch.
+    void OwnWriteBegins() { Epoch(); }
+    void OwnWriteEnded();
+
+  private:
+    static constexpr std::size_t kWords = 12;
+    using Header = std::array<std::uint32_t, kWords>;
+
+    Header Read() const;
+
+    const volatile std::uint32_t* header_ = nullptr;
+    Header seen_{};
+    std::uint64_t epoch_ = 1;
+    bool private_ = false;  // a database that no other connection can reach
+};
+
+}  // namespace daoengine

@@ -1,0 +1,158 @@
+#include "dao/session.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "dao/limits.h"
+#include "dao/query_state.h"
+#include "dao/recordset_state.h"
+#include "jetsql/parser.h"
+
+namespace daoengine {
+namespace {
+
+// The one moved last is mostly the first to go.
+template <typename Object>
+void RemoveLast(std::vector<Object*>& objects, Object& object) {
+    const auto found = std::find(objects.rbegin(), objects.rend(), &object);
+    if (found != objects.rend()) objects.erase(std::next(found).base());
+}
+
+// Definition statements name tables that come and go with them.
+bool IsKept(const jetsql::Translation& translation) {
+    switch (translation.kind) {
+        case jetsql::StatementKind::Select:
+        case jetsql::StatementKind::Insert:
+        case jetsql::StatementKind::Update:
+        case jetsql::StatementKind::Delete:
+            return translation.cacheable;
+        default:
+            return false;
+    }
+}
+
+// Whether equal values of a type are stored and compared as equal numbers or texts.
+bool ComparesAsStored(jet::Type type) {
+    return type != jet::Type::Single && type != jet::Type::Decimal && type != jet::Type::Binary &&
+           type != jet::Type::LongBinary;
+}
+
+}  // namespace
+
+Session::Session(std::unique_ptr<DatabaseFile> file)
+    : file_(std::move(file)), catalogue_(*this), statements_(limits::kCachedStatements) {}
+
+Session::~Session() {
+    while (!recordsets_.empty())
+        recordsets_.back()->Close();
+    while (!queries_.empty())
+        queries_.back()->Close();
+}
+
+void Session::Delist(RecordsetState& recordset) {
+    RemoveLast(recordsets_, recordset);
+}
+
+void Session::Delist(QueryState& query) {
+    RemoveLast(queries_, query);
+}
+
+Engine& Session::OwnEngine() {
+    if (!engine_) {
+        engine_.emplace(file_->Engine(), Engine::Ownership::Borrowed);
+        designVersion_ = ReadDesignVersion();
+        designEpoch_ = engine_->Watch().Epoch();
+    }
+    return *engine_;
+}
+
+std::int64_t Session::ReadDesignVersion() {
+    Statement reader = versionReaders_.Take(*engine_, "PRAGMA main.schema_version");
+    const std::int64_t version = reader.Step() ? sqlite3_column_int64(reader.Handle(), 0) : 0;
+    versionReaders_.Return(std::move(reader));
+    return version;
+}
+
+bool Session::DesignChanged() {
+    if (!engine_) return false;
+    const std::uint64_t epoch = engine_->Watch().Epoch();
+    if (engine_->Watch().Usable() && epoch == designEpoch_) return false;
+    designEpoch_ = epoch;
+    if (std::exchange(designVersion_, ReadDesignVersion()) == designVersion_) return false;
+    catalogue_.Clear();
+    statements_.Clear();
+    return true;
+}
+
+Stamp Session::StampOf(const CachedStatement& statement) {
+    return {engine_->Watch().Epoch(), statement.Writes()};
+}
+
+void Session::WriteBegins() {
+    engine_->Watch().OwnWriteBegins();
+}
+
+void Session::WriteEnded(std::string_view table, Work work) {
+    TableState& state = tables_.Of(table);
+    ++state.writes;
+    engine_->Watch().OwnWriteEnded();
+    if (work == Work::Rows) return;
+    statements_.Forget(state);
+    catalogue_.Forget(table);
+    if (engine_->Watch().Epoch() == designEpoch_) designVersion_ = ReadDesignVersion();
+}
+
+Request Session::Prepare(std::string_view sql) {
+    Request request;
+    request.shape = jetsql::ShapeOf(sql);
+    request.statement = statements_.Find(request.shape.key);
+    if (request.statement) return request;
+    DesignChanged();
+    ExternalTables externals;
+    const EngineCatalogue::ExternalScope scope(catalogue_, externals);
+    request.statement = MakeStatement(jetsql::Translate(sql, catalogue_));
+    const jetsql::Translation& translation = request.statement->translation;
+    if (IsKept(translation)) statements_.Add(request.shape.key, request.statement);
+    if (externals.Empty()) return request;
+    request.readsExternal = true;
+    if (translation.tables.empty() && translation.target.empty())
+        request.external = externals.Take();
+    else
+        externals.CopyInto(OwnEngine());
+    return request;
+}
+
+void Session::CheckSyntax(std::string_view sql) {
+    if (!statements_.Find(jetsql::ShapeOf(sql).key))
+        jetsql::Parser(sql, jetsql::Parser::Literals::Lifted).ParseStatement();
+}
+
+std::shared_ptr<CachedStatement> Session::MakeStatement(jetsql::Translation translation) {
+    auto statement = std::make_shared<CachedStatement>();
+    statement->translation = std::move(translation);
+    for (const std::string& table : statement->translation.tables)
+        statement->tables.push_back(&tables_.Of(table));
+    const std::string& target = statement->translation.target;
+    if (!target.empty() && !statement->Reads(tables_.Of(target)))
+        statement->tables.push_back(&tables_.Of(target));
+    KeepUsableLookups(*statement);
+    return statement;
+}
+
+void Session::KeepUsableLookups(CachedStatement& statement) {
+    std::vector<jetsql::EqualityLookup>& lookups = statement.translation.lookups;
+    const jet::Table* table =
+        statement.tables.size() == 1 ? catalogue_.FindTable(statement.tables[0]->name) : nullptr;
+    const auto unusable = [table](const jetsql::EqualityLookup& lookup) {
+        if (table == nullptr) return true;
+        const auto column = std::find_if(table->columns.begin(), table->columns.end(),
+                                         [&](const jet::Column& each) { return each.name == lookup.column; });
+        return column == table->columns.end() || !ComparesAsStored(column->type);
+    };
+    lookups.erase(std::remove_if(lookups.begin(), lookups.end(), unusable), lookups.end());
+    statement.byRow.resize(lookups.size());
+}
+
+}  // namespace daoengine
