@@ -43,6 +43,10 @@ MemoryDatabase::~MemoryDatabase() {
     sqlite3_close(connection_);
 }
 
+void MemoryDatabase::AddQuery(const std::string& name, const std::string& sql) {
+    queries_[jetsql::FoldedName(name)] = sql;
+}
+
 const jet::Table* MemoryDatabase::FindTable(std::string_view name) {
     const auto found = tables_.find(jetsql::FoldedName(name));
     return found == tables_.end() ? nullptr : &found->second;

@@ -29,7 +29,9 @@ class MemoryDatabase : public jetsql::Catalogue {
     // The number that a statement fails with, 0 when it runs.
     int ErrorOf(std::string_view statement);
 
-    void AddQuery(const std::string& name, const std::string& sql) { queries_[name] = sql; }
+    void CreateTable(const jet::Table& table);
+
+    void AddQuery(const std::string& name, const std::string& sql);
 
     const jet::Table* FindTable(std::string_view name) override;
     const std::string* FindQuery(std::string_view name) override;
@@ -54,7 +56,6 @@ class MemoryDatabase : public jetsql::Catalogue {
     void Finish(sqlite3_stmt* statement);
     void RunDirectly(const std::string& sql);
     int RunTranslated(const jetsql::Translation& translation, const std::vector<jetsql::Literal>& literals);
-    void CreateTable(const jet::Table& table);
     [[noreturn]] void FailNow();
 
     sqlite3* connection_ = nullptr;
