@@ -122,7 +122,7 @@ KALO_API KaloStatus KALO_CALL KaloGetAllMonitorInfo(int16_t axis_num, uint16_t c
 
 /*
  * Number of monitors that the list of a category shows, without an axis; 0 for none.
- * 0x2BFF1030 not open; 0x2C000000 + DAO.
+ * 0x2BFF1030 not open; 0x2C000000 + DAO. (0x2BFF1031 is reserved for it and not returned.)
  */
 KALO_API KaloStatus KALO_CALL KaloGetMonitorListNumWithCategory(uint16_t category_name_id, uint32_t* count);
 

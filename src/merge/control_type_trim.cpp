@@ -5,8 +5,8 @@ namespace {
 
 // Adds a control type to the statement, unless its clause stands there already as a piece of text: the clause for 1
 // is found in the one for 12, and rows of control type 1 then stay. The first one, which has no OR before it, may be
-// added once more.
-void AddControlType(CString& statement, const CString& table, std::uint16_t controlType) {
+// added once more. The column holds signed 16 bits: a type with the highest bit set is negative in the statement.
+void AddControlType(CString& statement, const CString& table, std::int16_t controlType) {
     if (statement.IsEmpty()) {
         statement = Sql("DELETE * FROM [%s] WHERE sv_control_type = %d", table, controlType);
         return;
@@ -23,7 +23,7 @@ Status TrimByControlType(const CString& table, std::uint16_t mask, const TrimCod
         Rows rows(Sql("SELECT * FROM [%s]", table));
         if (rows.Empty()) return codes.emptyTable;
         for (rows.First(); !rows.AtEnd(); rows.Next()) {
-            const auto controlType = static_cast<std::uint16_t>(rows.Value("sv_control_type"));
+            const auto controlType = static_cast<std::int16_t>(rows.Value("sv_control_type"));
             if ((controlType & mask) == 0) AddControlType(statement, table, controlType);
         }
         return kOk;

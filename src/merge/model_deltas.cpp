@@ -45,4 +45,13 @@ Status ApplyModelDeltas(const CString& workTable, const ModelDeltaStatements& st
     return status;
 }
 
+Status ApplyModelDeltas(const CString& workTable, const ModelDeltaStatements& statements,
+                        const ModelDeltaCodes& codes, const DeltaIdentity& identity) {
+    const ModelPass amplifier = {identity.servoId, identity.servoFirmware, identity.servoCustomSpec};
+    const Status status = ApplyModelDeltas(workTable, statements, codes, amplifier);
+    if (status != kOk || !identity.HasOption()) return status;
+    const ModelPass option = {identity.optionId, identity.optionFirmware, identity.optionCustomSpec};
+    return ApplyModelDeltas(workTable, statements, codes, option);
+}
+
 }  // namespace kalo

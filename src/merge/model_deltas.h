@@ -48,4 +48,8 @@ struct ModelPass {
 Status ApplyModelDeltas(const CString& workTable, const ModelDeltaStatements& statements,
                         const ModelDeltaCodes& codes, const ModelPass& pass);
 
+// The amplifier's pass, then with an option unit the unit's.
+Status ApplyModelDeltas(const CString& workTable, const ModelDeltaStatements& statements,
+                        const ModelDeltaCodes& codes, const DeltaIdentity& identity);
+
 }  // namespace kalo
