@@ -21,6 +21,8 @@ constexpr Axis kAxes[] = {
     {5, 17, 6, 0, 3, 5, 4, 0, 301, 2, 2},
 };
 constexpr std::int32_t kAllControlModes = 0xFFFF;
+// Exit code of a tour that found no database to open, and came to its end.
+constexpr int kNotOpened = 3;
 
 // A host registers an axis by its first builder; only then has it a row to write the identity into.
 void Build(Report& report, const Axis& axis, std::uint16_t country) {
@@ -88,9 +90,10 @@ void Trim(Report& report, const Axis& axis) {
     TourParameters(report, axis);
 }
 
-void TourSession(Report& report, std::uint16_t language) {
+// False when there was no database to open; every function is called nonetheless.
+bool TourSession(Report& report, std::uint16_t language) {
     KALO(KaloCopy)(language);
-    KALO(KaloOpen)(language);
+    const bool opened = KALO(KaloOpen)(language) == 0;
     for (const Axis& axis : kAxes)
         Build(report, axis, language);
     for (const Axis& axis : kAxes)
@@ -105,7 +108,8 @@ void TourSession(Report& report, std::uint16_t language) {
     KALO(KaloOpen)(language);
     TourModels(report);
     KALO(KaloClose)();
-    KALO(KaloRemove)();
+    if (opened) KALO(KaloRemove)();
+    return opened;
 }
 
 void ResolveListed(Report& report, const host::Library& library, const char* list) {
@@ -136,7 +140,8 @@ int main(int count, char** arguments) {
     Report report(library);
     ResolveListed(report, library, arguments[2]);
     KALO(KaloSetFileName)("tour", arguments[3]);
-    TourSession(report, static_cast<std::uint16_t>(std::atoi(arguments[4])));
-    if (!report.Failed()) CheckAllVisited(report, arguments[2]);
-    return report.Failed() ? 1 : 0;
+    const bool opened = TourSession(report, static_cast<std::uint16_t>(std::atoi(arguments[4])));
+    if (opened) CheckAllVisited(report, arguments[2]);
+    if (report.Failed()) return 1;
+    return opened ? 0 : kNotOpened;
 }
