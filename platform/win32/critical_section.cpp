@@ -18,6 +18,15 @@ class RecursiveLock {
         ++depth_;
     }
 
+    bool TryEnter() {
+        const std::lock_guard guard(guard_);
+        const std::thread::id caller = std::this_thread::get_id();
+        if (depth_ > 0 && owner_ != caller) return false;
+        owner_ = caller;
+        ++depth_;
+        return true;
+    }
+
     void Leave() {
         const std::lock_guard guard(guard_);
         if (depth_ == 0 || owner_ != std::this_thread::get_id()) return;
@@ -68,6 +77,11 @@ void DeleteCriticalSection(CRITICAL_SECTION* section) {
 
 void EnterCriticalSection(CRITICAL_SECTION* section) {
     if (RecursiveLock* const lock = LockOf(section)) lock->Enter();
+}
+
+BOOL TryEnterCriticalSection(CRITICAL_SECTION* section) {
+    RecursiveLock* const lock = LockOf(section);
+    return lock && lock->TryEnter();
 }
 
 void LeaveCriticalSection(CRITICAL_SECTION* section) {

@@ -22,4 +22,6 @@ void EnterLock() { EnterCriticalSection(&g_lock); }
 
 void LeaveLock() { LeaveCriticalSection(&g_lock); }
 
+CRITICAL_SECTION& Lock() { return g_lock; }
+
 }  // namespace kalo

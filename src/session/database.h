@@ -17,5 +17,6 @@ void CreateLock();
 void DeleteLock();
 void EnterLock();
 void LeaveLock();
+CRITICAL_SECTION& Lock();
 
 }  // namespace kalo

@@ -58,6 +58,7 @@ struct CRITICAL_SECTION {
 void InitializeCriticalSection(CRITICAL_SECTION* section);
 void DeleteCriticalSection(CRITICAL_SECTION* section);
 void EnterCriticalSection(CRITICAL_SECTION* section);
+BOOL TryEnterCriticalSection(CRITICAL_SECTION* section);
 void LeaveCriticalSection(CRITICAL_SECTION* section);
 
 // Path of the host program's executable for a null module. Returns its length; cut to the buffer when longer.
