@@ -19,7 +19,7 @@ std::uint64_t HashOf(const std::vector<jetsql::Literal>& literals) {
 
 KeptResults::Slot& KeptResults::SlotOf(std::uint64_t hash) {
     if (slots_.empty()) slots_.resize(limits::kKeptResultsPerStatement);
-    return slots_[hash % slots_.size()];
+    return slots_[static_cast<std::size_t>(hash % slots_.size())];
 }
 
 KeptResults::Answer KeptResults::Find(const std::vector<jetsql::Literal>& literals, const Stamp& now) {

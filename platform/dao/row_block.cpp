@@ -63,7 +63,7 @@ FieldView RowBlock::At(std::int64_t row, int column) const {
     else if (cell.kind == FieldView::Kind::Integer)
         field.integer = cell.integer;
     else
-        field.bytes = std::string_view(bytes_).substr(cell.offset, cell.length);
+        field.bytes = std::string_view(bytes_).substr(static_cast<std::size_t>(cell.offset), cell.length);
     return field;
 }
 

@@ -8,13 +8,13 @@ namespace {
 
 // A file beside the locked one that only one process can have open, and that vanishes with its handle. The
 // locked file itself must stay closed, or it could not be replaced.
-class LockFile : public fileio::RenewalLock {
+class ExclusiveFile : public fileio::RenewalLock {
   public:
-    explicit LockFile(const std::filesystem::path& path)
+    explicit ExclusiveFile(const std::filesystem::path& path)
         : handle_(CreateFileW((path.wstring() + L".lock").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                               FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr)),
           error_(handle_ == INVALID_HANDLE_VALUE ? GetLastError() : ERROR_SUCCESS) {}
-    ~LockFile() override {
+    ~ExclusiveFile() override {
         if (handle_ != INVALID_HANDLE_VALUE) CloseHandle(handle_);
     }
 
@@ -29,7 +29,7 @@ class LockFile : public fileio::RenewalLock {
 }  // namespace
 
 std::unique_ptr<fileio::RenewalLock> fileio::TryRenewalLock(const std::filesystem::path& path) {
-    auto lock = std::make_unique<LockFile>(path);
+    auto lock = std::make_unique<ExclusiveFile>(path);
     if (lock->Error() == ERROR_SUCCESS) return lock;
     if (lock->Error() == ERROR_SHARING_VIOLATION) return nullptr;
     throw std::system_error(static_cast<int>(lock->Error()), std::system_category(), path.string());
