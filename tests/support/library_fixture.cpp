@@ -192,6 +192,7 @@ void LibraryTest::ReloadLibrary() {
 
 void LibraryTest::ExpectFaults(const FaultCase& fault) {
     for (const bool everAfter : {false, true}) {
+        if (everAfter && fault.onceOnly) return;
         SCOPED_TRACE(everAfter ? "failing ever after" : "failing once");
         FailEveryCall(fault, everAfter);
     }
@@ -213,7 +214,7 @@ void LibraryTest::FailEveryCall(const FaultCase& fault, bool everAfter) {
         if (!failed) {
             EXPECT_EQ(status, 0u) << "nothing failed";
             EXPECT_EQ(depth, 0) << "nothing failed";
-            EXPECT_EQ(expected, fault.regions.end() - 1) << "a region was not reached";
+            EXPECT_TRUE(fault.regions.empty() || *expected == fault.regions.back()) << "a region was not reached";
             return;
         }
         if (status == 0 && fault.swallowsSome) continue;

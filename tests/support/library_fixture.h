@@ -67,9 +67,10 @@ inline FaultRegion Leaving(FaultRegion region) { return {region.base, region.add
 struct FaultCase {
     std::function<KaloStatus()> call;
     std::vector<FaultRegion> regions;  // in the order in which the call reaches them
-    bool swallowsSome = false;         // some failures are not reported: the call may succeed all the same
-    std::function<void()> prepare;     // before each call; nothing by default
-    std::function<void()> check;       // after each call; nothing by default
+    bool swallowsSome = false;            // some failures are not reported: the call may succeed all the same
+    bool onceOnly = false;                // do not let the later calls fail too
+    std::function<void()> prepare = {};   // before each call; nothing by default
+    std::function<void()> check = {};     // after each call; nothing by default
 };
 
 // The library on a database in a directory of its own. Every test starts with a freshly loaded library without a
