@@ -21,7 +21,7 @@ constexpr int kLockedDesign = 3211;
 constexpr int kCannotOpen = 3051;
 
 // How long an opening waits for somebody who holds the file for a moment.
-constexpr int kOpenPatienceMilliseconds = 2000;
+constexpr int kOpenPatienceMilliseconds = 1000;
 
 // A database file is data: it may not make the engine run code, and its texts are never taken for names.
 void Restrict(sqlite3* connection) {
@@ -35,7 +35,7 @@ void Restrict(sqlite3* connection) {
 
 Connection Connect(const std::string& name, int flags) {
     sqlite3* handle = nullptr;
-    const int result = sqlite3_open_v2(name.c_str(), &handle, flags | SQLITE_OPEN_FULLMUTEX, nullptr);
+    const int result = sqlite3_open_v2(name.c_str(), &handle, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     Connection connection(handle);
     if (!handle) Throw(3035);
     if (result != SQLITE_OK) ThrowEngineError(handle, result, Work::Rows);

@@ -1,6 +1,8 @@
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <filesystem>
 
 #include "dao/bookkeeping.h"
@@ -38,14 +40,27 @@ jet::Table ReadJetTable(const fs::path& path, const std::string& password, const
     Throw(kTableNotFound);
 }
 
+std::string DecimalDigits(double value, int scale) {
+    char digits[400];
+    const int length = std::snprintf(digits, sizeof digits, "%.*f", std::clamp(scale, 0, 28), value);
+    return {digits, static_cast<std::size_t>(length)};
+}
+
+jetfile::Value NumberOf(double value, const jet::Column& column) {
+    if (column.type == jet::Type::Currency) return std::int64_t{std::llround(value * kCurrencyUnit)};
+    if (column.type == jet::Type::Decimal) return DecimalDigits(value, column.scale);
+    return value;
+}
+
 // A stored value in the form in which the reader of Jet files gives values of the column's type.
-jetfile::Value ValueOf(const FieldView& field, jet::Type type) {
+jetfile::Value ValueOf(const FieldView& field, const jet::Column& column) {
     switch (field.kind) {
         case FieldView::Kind::Integer:
+            if (column.type == jet::Type::Decimal)
+                return DecimalDigits(static_cast<double>(field.integer), column.scale);
             return field.integer;
         case FieldView::Kind::Real:
-            if (type == jet::Type::Currency) return std::int64_t{std::llround(field.real * kCurrencyUnit)};
-            return field.real;
+            return NumberOf(field.real, column);
         case FieldView::Kind::Text:
             return std::string(field.bytes);
         case FieldView::Kind::Blob:
@@ -67,7 +82,7 @@ jet::Table ReadEngineTable(const fs::path& path, const std::string& password, co
     jetfile::Row row(table->columns.size());
     while (statement.Step()) {
         for (std::size_t i = 0; i < row.size(); ++i)
-            row[i] = ValueOf(FieldOf(statement.Handle(), static_cast<int>(i)), table->columns[i].type);
+            row[i] = ValueOf(FieldOf(statement.Handle(), static_cast<int>(i)), table->columns[i]);
         visit(row);
     }
     return *table;

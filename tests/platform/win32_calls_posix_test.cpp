@@ -1,0 +1,152 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <filesystem>
+#include <thread>
+
+#include "host_program.h"
+#include "mbstring.h"
+#include "shellapi.h"
+#include "support/temporary_directory.h"
+#include "windows.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// Whether another thread gets into the section while this one does what it does.
+bool OthersMayEnter(CRITICAL_SECTION& section) {
+    std::atomic<bool> entered{false};
+    std::thread other([&] {
+        EnterCriticalSection(&section);
+        entered = true;
+        LeaveCriticalSection(&section);
+    });
+    for (int i = 0; i < 50 && !entered; ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    const bool during = entered;
+    for (int depth = 0; !entered && depth < 3; ++depth)
+        LeaveCriticalSection(&section);
+    other.join();
+    return during;
+}
+
+TEST(CriticalSection, IsRecursiveAndKeepsOthersOut) {
+    CRITICAL_SECTION section;
+    InitializeCriticalSection(&section);
+    EXPECT_TRUE(OthersMayEnter(section));
+    for (int depth = 0; depth < 3; ++depth)
+        EnterCriticalSection(&section);
+    LeaveCriticalSection(&section);
+    LeaveCriticalSection(&section);
+    EXPECT_FALSE(OthersMayEnter(section));
+    EXPECT_TRUE(OthersMayEnter(section));
+    DeleteCriticalSection(&section);
+}
+
+TEST(CriticalSection, MisuseIsHarmless) {
+    CRITICAL_SECTION section;
+    InitializeCriticalSection(&section);
+    LeaveCriticalSection(&section);
+    EnterCriticalSection(&section);
+    std::thread([&] { LeaveCriticalSection(&section); }).join();
+    EXPECT_FALSE(OthersMayEnter(section));
+    EnterCriticalSection(&section);
+    DeleteCriticalSection(&section);
+    LeaveCriticalSection(&section);
+    DeleteCriticalSection(&section);
+    InitializeCriticalSection(&section);
+    EXPECT_TRUE(OthersMayEnter(section));
+    DeleteCriticalSection(&section);
+}
+
+TEST(ModuleFileName, IsTheExecutableOrWhatATestSets) {
+    char name[MAX_PATH];
+    const DWORD length = GetModuleFileNameA(nullptr, name, sizeof name);
+    EXPECT_EQ(std::string(name, length), fs::canonical("/proc/self/exe").string());
+    SetHostProgramPath("/opt/host/host.exe");
+    EXPECT_EQ(GetModuleFileNameA(nullptr, name, sizeof name), 18U);
+    EXPECT_STREQ(name, "/opt/host/host.exe");
+    char narrow[9];
+    std::memset(narrow, 'x', sizeof narrow);
+    EXPECT_EQ(GetModuleFileNameA(nullptr, narrow, 8), 8U);
+    EXPECT_EQ(std::string(narrow, 9), std::string("/opt/ho\0x", 9));
+    SetHostProgramPath("");
+    EXPECT_EQ(GetModuleFileNameA(nullptr, name, sizeof name), length);
+}
+
+TEST(MultibyteCopy, NeverSplitsACharacter) {
+    struct Case {
+        const char* text;
+        std::size_t count;
+        std::string copied;  // the rest is zeros
+    };
+    const Case cases[] = {
+        {"abc", 5, "abc"},
+        {"abc", 2, "ab"},
+        {"abc", 0, ""},
+        {"aé表😀", 10, "aé表😀"},
+        {"aé表😀", 9, "aé表"},
+        {"aé表😀", 5, "aé"},
+        {"aé表😀", 2, "a"},
+        {"", 3, ""},
+        {"a\xE8\xA1", 8, "a\xE8\xA1"},  // cut off by its own end
+        {"\x80\xFFz", 2, "\x80\xFF"},   // no start of a character
+    };
+    for (const Case& test : cases) {
+        std::string buffer(16, '#');
+        std::string expected = test.copied;
+        expected.resize(test.count);
+        expected.resize(16, '#');
+        auto* const target = reinterpret_cast<unsigned char*>(buffer.data());
+        EXPECT_EQ(_mbsnbcpy(target, reinterpret_cast<const unsigned char*>(test.text), test.count), target);
+        EXPECT_EQ(buffer, expected) << test.text << " in " << test.count;
+    }
+}
+
+class ShellCopy : public testing::Test {
+  protected:
+    int Copy(const std::string& from, const std::string& to) {
+        const std::string source = from + '\0', target = to + '\0';
+        SHFILEOPSTRUCTA operation = {};
+        operation.wFunc = FO_COPY;
+        operation.pFrom = source.c_str();
+        operation.pTo = target.c_str();
+        operation.fFlags = FOF_SILENT | FOF_NOCONFIRMATION;
+        return SHFileOperationA(&operation);
+    }
+
+    support::TemporaryDirectory directory_;
+    std::string source_ = directory_.File("shipped.mdb");
+    std::string target_ = directory_.File("work.mdb");
+};
+
+TEST_F(ShellCopy, OverwritesAndRemovesWhatBelongedToTheFormerFile) {
+    support::WriteFile(source_, "new");
+    support::WriteFile(target_, "former and longer");
+    for (const char* const suffix : {"-wal", "-shm", "-journal"})
+        support::WriteFile(target_ + suffix, "of the former");
+    std::string windows = target_;
+    std::replace(windows.begin(), windows.end(), '/', '\\');
+    EXPECT_EQ(Copy(source_, windows), 0);
+    EXPECT_EQ(support::ReadFile(target_), "new");
+    EXPECT_EQ(std::distance(fs::directory_iterator(directory_.Path()), {}), 2);
+}
+
+TEST_F(ShellCopy, FailuresLeaveTheTargetAlone) {
+    support::WriteFile(source_, "new");
+    support::WriteFile(target_, "former");
+    support::WriteFile(target_ + "-wal", "of the former");
+    EXPECT_EQ(Copy(directory_.File("missing.mdb"), target_), 0x402);
+    EXPECT_EQ(Copy(directory_.Path().string(), target_), 0x402);
+    EXPECT_EQ(Copy(target_, target_), 0x71);
+    EXPECT_EQ(Copy(source_, directory_.Path().string()), 0x80);
+    EXPECT_EQ(Copy(source_, directory_.File("none/work.mdb")), 0x7C);
+    EXPECT_EQ(Copy(source_, target_ + "/work.mdb"), 0x7C);
+    EXPECT_NE(Copy(source_, directory_.File(std::string(300, 'n'))), 0);
+    EXPECT_EQ(support::ReadFile(target_), "former");
+    EXPECT_EQ(support::ReadFile(target_ + "-wal"), "of the former");
+    EXPECT_EQ(std::distance(fs::directory_iterator(directory_.Path()), {}), 3);
+}
+
+}  // namespace
