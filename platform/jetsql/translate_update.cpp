@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <set>
 
 #include "jetsql/errors.h"
@@ -31,7 +32,8 @@ class UpdatePrinter {
     std::string OverJoin() const;
     std::string LastMatches() const;
     std::string RankedMatches() const;
-    std::string Values() const;
+    const BoundSource* OnlyJoinedTable() const;
+    bool ReadsOldValues() const;
     std::vector<OrderKey> MatchOrder() const;
 
     Binding& binding_;
@@ -90,13 +92,6 @@ std::string UpdatePrinter::OverOneTable() const {
     return sql + where_;
 }
 
-std::string UpdatePrinter::Values() const {
-    std::string sql = target_->rowid + " AS r";
-    for (std::size_t i = 0; i < values_.size(); ++i)
-        sql += ", " + values_[i].sql + " AS v" + std::to_string(i + 1);
-    return sql;
-}
-
 // The order in which the matches of one target row are applied.
 std::vector<OrderKey> UpdatePrinter::MatchOrder() const {
     std::vector<OrderKey> order;
@@ -108,21 +103,40 @@ std::vector<OrderKey> UpdatePrinter::MatchOrder() const {
     return order;
 }
 
-// One row per target row, that of the last match: SQLite takes the other outputs from the row that has the
-// maximum.
+// The target rows with the last match of each. Only row numbers are grouped; the values are read by them afterwards,
+// so that what SQLite sorts and indexes on the way stays narrow.
 std::string UpdatePrinter::LastMatches() const {
-    const std::vector<OrderKey> order = MatchOrder();
-    if (order.size() != 1 || order[0].descending) return RankedMatches();
-    return "SELECT " + Values() + ", max(" + order[0].sql + ") FROM " + from_.sql + where_ + " GROUP BY " +
-           target_->rowid;
+    const BoundSource* joined = OnlyJoinedTable();
+    if (joined == nullptr) return RankedMatches();
+    std::string sql = "SELECT q.r AS r";
+    for (std::size_t i = 0; i < values_.size(); ++i) sql += ", " + values_[i].sql + " AS v" + std::to_string(i + 1);
+    sql += " FROM (SELECT " + target_->rowid + " AS r, max(" + joined->rowid + ") AS n FROM " + from_.sql + where_ +
+           " GROUP BY " + target_->rowid + ") AS q";
+    if (ReadsOldValues()) sql += " JOIN " + target_->from + " ON " + target_->rowid + " = q.r";
+    return sql + (joined->nullable ? " LEFT JOIN " : " JOIN ") + joined->from + " ON " + joined->rowid + " = q.n";
+}
+
+// The table that the target is joined to, when it is one table alone.
+const BoundSource* UpdatePrinter::OnlyJoinedTable() const {
+    if (scope_.Size() != 2) return nullptr;
+    const BoundSource& joined = scope_.At(&scope_.At(0) == target_ ? 1 : 0);
+    return joined.rowid.empty() ? nullptr : &joined;
+}
+
+bool UpdatePrinter::ReadsOldValues() const {
+    const std::string qualifier = target_->alias + '.';
+    return std::any_of(values_.begin(), values_.end(), [&](const NewValue& value) {
+        return value.sql.find(qualifier) != std::string::npos;
+    });
 }
 
 std::string UpdatePrinter::RankedMatches() const {
     std::vector<OrderKey> order = MatchOrder();
-    for (OrderKey& key : order)
-        key.descending = !key.descending;
-    return "SELECT * FROM (SELECT " + Values() + ", row_number() OVER (PARTITION BY " + target_->rowid +
-           OrderClause(order) + ") AS place FROM " + from_.sql + where_ + ") WHERE place = 1";
+    for (OrderKey& key : order) key.descending = !key.descending;
+    std::string sql = "SELECT * FROM (SELECT " + target_->rowid + " AS r";
+    for (std::size_t i = 0; i < values_.size(); ++i) sql += ", " + values_[i].sql + " AS v" + std::to_string(i + 1);
+    return sql + ", row_number() OVER (PARTITION BY " + target_->rowid + OrderClause(order) + ") AS place FROM " +
+           from_.sql + where_ + ") WHERE place = 1";
 }
 
 std::string UpdatePrinter::OverJoin() const {
