@@ -113,12 +113,6 @@ void Cursor::Seek(std::int64_t row) {
         if (!Advance()) Throw(3167);
 }
 
-FieldView Cursor::Field(std::int64_t row, int column) {
-    if (rows_) return rows_->At(row, column);
-    if (at_ != row) Seek(row);
-    return FieldOf(statement_.Handle(), column);
-}
-
 bool Cursor::Collect(RowBlock& rows, std::size_t mostRows, std::size_t mostBytes) {
     if (at_ != 0) {
         Rewind();
@@ -138,6 +132,10 @@ void Cursor::Store() {
 }
 
 std::shared_ptr<const RowBlock> Cursor::StoreSmall(std::size_t rows, std::size_t bytes) {
+    if (rows_) {
+        const bool small = static_cast<std::size_t>(rows_->Rows()) <= rows && rows_->Bytes() <= bytes;
+        return small ? rows_ : nullptr;
+    }
     auto block = std::make_shared<RowBlock>(static_cast<int>(shape_->translation.columns.size()));
     if (!Collect(*block, rows, bytes)) return nullptr;
     BecomeStored(block);

@@ -58,12 +58,17 @@ class Cursor {
     std::int64_t KnownCount() const { return complete_ ? known_ : -1; }
 
     // A column of a row that exists.
-    FieldView Field(std::int64_t row, int column);
+    FieldView Field(std::int64_t row, int column) {
+        if (rows_) return rows_->At(row, column);
+        if (at_ != row) Seek(row);
+        return FieldOf(statement_.Handle(), column);
+    }
 
     bool Running() const { return static_cast<bool>(statement_); }
     // Fetches all rows into memory and ends the statement. 3035 when they are too many.
     void Store();
-    // The same, unless the rows are more or larger than told: then the statement goes on, from the first row.
+    // The same, unless the rows are more or larger than told: then the statement goes on, from the first row. Rows that
+    // are in memory already stay there.
     std::shared_ptr<const RowBlock> StoreSmall(std::size_t rows, std::size_t bytes);
 
     bool StatementWasPreparedAnew() { return statement_.WasPreparedAnew(); }
