@@ -67,8 +67,8 @@ class Cursor {
     bool Running() const { return static_cast<bool>(statement_); }
     // Fetches all rows into memory and ends the statement. 3035 when they are too many.
     void Store();
-    // The same, unless the rows are more or larger than told: then the statement goes on, from the first row. Rows that
-    // are in memory already stay there.
+    // The same, unless the rows are more or larger than told: then the statement goes on, from the first row.
+    // Rows that are in memory already stay there.
     std::shared_ptr<const RowBlock> StoreSmall(std::size_t rows, std::size_t bytes);
 
     bool StatementWasPreparedAnew() { return statement_.WasPreparedAnew(); }

@@ -76,6 +76,7 @@ bool Statement::Step() {
 }
 
 bool Statement::WasPreparedAnew() {
+    if (handle_ == nullptr) return false;
     const int preparations = sqlite3_stmt_status(handle_, SQLITE_STMTSTATUS_REPREPARE, 0);
     return std::exchange(preparations_, preparations) != preparations;
 }

@@ -1,29 +1,35 @@
 #include "dao/field_names.h"
 
+#include <algorithm>
 #include <bit>
-#include <cstdint>
 
 #include "jetsql/names.h"
 #include "mfc/narrow.h"
 
 namespace daoengine {
 
-int FieldNames::Find(const std::vector<jetsql::OutputColumn>& columns, const char* name) {
-    if (slots_.empty()) {
-        const std::size_t slots = std::bit_ceil(4 * columns.size() + 4);
-        shift_ = static_cast<unsigned>(64 - std::countr_zero(slots));
-        slots_.resize(slots);
-    }
-    Slot& slot = SlotOf(name);
-    if (slot.address == name && slot.spelling == name) return slot.column;
+namespace {
+
+constexpr std::size_t kMostSpellings = 1024;
+
+}  // namespace
+
+int FieldNames::FindAnew(const std::vector<jetsql::OutputColumn>& columns, const char* name) {
     const int column = FindByText(columns, name);
-    if (column != kNone) slot = {name, name, column};
+    if (column == kNone) return kNone;
+    if (slots_.empty() || spellings_.size() > kMostSpellings) MakeSlots(columns.size());
+    const auto first = slots_.begin() + static_cast<std::ptrdiff_t>(SlotOf(name));
+    const auto taken = [name](const Slot& slot) { return slot.address != nullptr && slot.address != name; };
+    const auto free = std::find_if_not(first, first + kProbes, taken);
+    *(free == first + kProbes ? first : free) = {name, spellings_.insert(name).first->c_str(), column};
     return column;
 }
 
-FieldNames::Slot& FieldNames::SlotOf(const char* name) {
-    const auto address = static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(name));
-    return slots_[static_cast<std::size_t>((address * 0x9E3779B97F4A7C15U) >> shift_)];
+void FieldNames::MakeSlots(std::size_t columns) {
+    const std::size_t slots = std::bit_ceil(4 * columns + 4);
+    shift_ = static_cast<unsigned>(64 - std::countr_zero(slots));
+    slots_.assign(slots + kProbes, Slot());
+    spellings_.clear();
 }
 
 int FieldNames::FindByText(const std::vector<jetsql::OutputColumn>& columns, std::string_view name) {

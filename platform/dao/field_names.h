@@ -1,8 +1,11 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "jetsql/translator.h"
@@ -16,21 +19,47 @@ class FieldNames {
     static constexpr int kNone = -1;
 
     // The position of a column, by its narrow name without case; kNone when there is none.
-    int Find(const std::vector<jetsql::OutputColumn>& columns, const char* name);
+    int Find(const std::vector<jetsql::OutputColumn>& columns, const char* name) {
+        if (!slots_.empty()) [[likely]] {
+            const Slot* slot = &slots_[SlotOf(name)];
+            for (const Slot* end = slot + kProbes; slot != end; ++slot)
+                if (slot->address == name && SameCharacters(slot->spelling, name)) return slot->column;
+        }
+        return FindAnew(columns, name);
+    }
 
   private:
+    // Neighbouring slots in which a name may be.
+    static constexpr std::size_t kProbes = 4;
+
     struct Slot {
         const char* address = nullptr;
-        std::string spelling;
+        const char* spelling = nullptr;
         int column = kNone;
     };
 
-    Slot& SlotOf(const char* name);
+    // Names are short; a loop in place beats a call.
+    static bool SameCharacters(const char* a, const char* b) {
+        while (*a == *b && *a != '\0') {
+            ++a;
+            ++b;
+        }
+        return *a == *b;
+    }
+
+    std::size_t SlotOf(const char* name) const {
+        const auto address = static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(name));
+        return static_cast<std::size_t>((address * 0x9E3779B97F4A7C15U) >> shift_);
+    }
+
+    int FindAnew(const std::vector<jetsql::OutputColumn>& columns, const char* name);
+    void MakeSlots(std::size_t columns);
     int FindByText(const std::vector<jetsql::OutputColumn>& columns, std::string_view name);
 
-    std::vector<Slot> slots_;  // a power of two
+    std::vector<Slot> slots_;  // a power of two and the probes; empty until the first question
     unsigned shift_ = 0;
     std::unordered_map<std::string, int> byName_;
+    std::unordered_set<std::string> spellings_;  // as asked for; bounded, since callers may invent names
 };
 
 }  // namespace daoengine

@@ -1,38 +1,6 @@
 #include "dao/row_block.h"
 
-#include <sqlite3.h>
-
 namespace daoengine {
-
-FieldView FieldOf(sqlite3_stmt* statement, int column) {
-    sqlite3_value* value = sqlite3_column_value(statement, column);
-    FieldView field;
-    switch (sqlite3_value_type(value)) {
-        case SQLITE_INTEGER:
-            field.kind = FieldView::Kind::Integer;
-            field.integer = sqlite3_value_int64(value);
-            break;
-        case SQLITE_FLOAT:
-            field.kind = FieldView::Kind::Real;
-            field.real = sqlite3_value_double(value);
-            break;
-        case SQLITE_TEXT: {
-            const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-            field.kind = FieldView::Kind::Text;
-            field.bytes = {text, static_cast<std::size_t>(sqlite3_value_bytes(value))};
-            break;
-        }
-        case SQLITE_BLOB: {
-            const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value));
-            field.kind = FieldView::Kind::Blob;
-            field.bytes = {bytes, static_cast<std::size_t>(sqlite3_value_bytes(value))};
-            break;
-        }
-        default:
-            break;
-    }
-    return field;
-}
 
 void RowBlock::Append(sqlite3_stmt* statement) {
     for (int column = 0; column < columns_; ++column) {

@@ -1,11 +1,11 @@
 #pragma once
 
+#include <sqlite3.h>
+
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
-
-struct sqlite3_stmt;
 
 namespace daoengine {
 
@@ -20,7 +20,33 @@ struct FieldView {
 };
 
 // A column of the row on which a statement stands.
-FieldView FieldOf(sqlite3_stmt* statement, int column);
+inline FieldView FieldOf(sqlite3_stmt* statement, int column) {
+    sqlite3_value* value = sqlite3_column_value(statement, column);
+    FieldView field;
+    switch (sqlite3_value_type(value)) {
+        case SQLITE_INTEGER:
+            field.kind = FieldView::Kind::Integer;
+            field.integer = sqlite3_value_int64(value);
+            break;
+        case SQLITE_FLOAT:
+            field.kind = FieldView::Kind::Real;
+            field.real = sqlite3_value_double(value);
+            break;
+        case SQLITE_TEXT:
+            field.kind = FieldView::Kind::Text;
+            field.bytes = {reinterpret_cast<const char*>(sqlite3_value_text(value)),
+                           static_cast<std::size_t>(sqlite3_value_bytes(value))};
+            break;
+        case SQLITE_BLOB:
+            field.kind = FieldView::Kind::Blob;
+            field.bytes = {static_cast<const char*>(sqlite3_value_blob(value)),
+                           static_cast<std::size_t>(sqlite3_value_bytes(value))};
+            break;
+        default:
+            break;
+    }
+    return field;
+}
 
 // Rows kept in memory, all values of one block in two pieces of storage.
 class RowBlock {
