@@ -5,9 +5,9 @@
 #include "merge/version_delta.h"
 #include "session/model_variant.h"
 
-// What the builders of per-axis working tables have in common beside the variant of the model: its name, the name of
-// the combination, the reuse check and the registration in the axis's row. All of it keeps the lock after a caught
-// DAO error.
+// What the builders of per-axis working tables have in common beside the variant of the model: its name, the
+// name of the combination, the reuse check and the registration in the axis's row. All of it keeps the lock
+// after a caught DAO error.
 namespace kalo {
 
 // Identity arguments of a builder.
@@ -26,12 +26,15 @@ struct BuildIdentity {
     }
 };
 
-// --- Models ------------------------------------------------------------------------------------------------------
+// --- Models
+// ------------------------------------------------------------------------------------------------------
 
 // Reads the model name of a combination from the session's model table. A NULL name counts as a missing row.
-Status ReadModelName(const BuildIdentity& identity, Status noModel, const OnDaoError& onError, CString& modelName);
+Status ReadModelName(const BuildIdentity& identity, Status noModel, const OnDaoError& onError,
+                     CString& modelName);
 
-// --- Names -------------------------------------------------------------------------------------------------------
+// --- Names
+// -------------------------------------------------------------------------------------------------------
 
 // "model_firmware_custom_power", or with an option unit "model_firmware_custom_power_ofirmware_ocustom".
 CString CombinationName(const CString& modelName, const BuildIdentity& identity);
@@ -42,7 +45,8 @@ CString CombinationNameWithoutPower(const CString& modelName, const BuildIdentit
 // Joins a combination name and the kind of a table.
 CString TableName(const CString& combination, const char* kind);
 
-// --- Tables ------------------------------------------------------------------------------------------------------
+// --- Tables
+// ------------------------------------------------------------------------------------------------------
 
 // True in `registered` when some axis's row names `table` in `column`.
 Status IsRegistered(const char* column, const CString& table, Status noRow, const OnDaoError& onError,
@@ -63,9 +67,10 @@ struct RegistrationCodes {
     OnDaoError onWrite;   // the UPDATE or the INSERT
 };
 
-// Names an axis's working tables in its row, or in a new one. The first table decides about the previous ones: where
-// the axis's row names another table there, which no other axis uses, all of the axis's previous tables of these
-// columns are dropped.
-Status RegisterTables(std::int32_t axis, std::span<const RegisteredTable> tables, const RegistrationCodes& codes);
+// Names an axis's working tables in its row, or in a new one. The first table decides about the previous
+// ones: where the axis's row names another table there, which no other axis uses, all of the axis's previous
+// tables of these columns are dropped.
+Status RegisterTables(std::int32_t axis, std::span<const RegisteredTable> tables,
+                      const RegistrationCodes& codes);
 
 }  // namespace kalo

@@ -3,9 +3,10 @@
 namespace kalo {
 namespace {
 
-// Adds a control type to the statement, unless its clause stands there already as a piece of text: the clause for 1
-// is found in the one for 12, and rows of control type 1 then stay. The first one, which has no OR before it, may be
-// added once more. The column holds signed 16 bits: a type with the highest bit set is negative in the statement.
+// Adds a control type to the statement, unless its clause stands there already as a piece of text: the clause
+// for 1 is found in the one for 12, and rows of control type 1 then stay. The first one, which has no OR
+// before it, may be added once more. The column holds signed 16 bits: a type with the highest bit set is
+// negative in the statement.
 void AddControlType(CString& statement, const CString& table, std::int16_t controlType) {
     if (statement.IsEmpty()) {
         statement = Sql("DELETE * FROM [%s] WHERE sv_control_type = %d", table, controlType);

@@ -33,14 +33,16 @@ Status ReadFirmwareBound(const FirmwareBoundQuery& query, std::int32_t version, 
 Status ApplyModelDeltas(const CString& workTable, const ModelDeltaStatements& statements,
                         const ModelDeltaCodes& codes, const ModelPass& pass) {
     std::int32_t bound = 0;
-    Status status = ReadFirmwareBound({Sql(statements.count, pass.modelId), Sql(statements.newest, pass.modelId),
-                                       codes.noCount, codes.noNewest, codes.bound},
-                                      pass.firmwareVersion, bound);
+    Status status =
+        ReadFirmwareBound({Sql(statements.count, pass.modelId), Sql(statements.newest, pass.modelId),
+                           codes.noCount, codes.noNewest, codes.bound},
+                          pass.firmwareVersion, bound);
     if (status == kOk && bound != 0) {
         status = RunSteps(workTable, statements.firmware, codes.firmware, bound, pass.modelId);
     }
     if (status == kOk && IsCustomSpec(pass.customSpecId)) {
-        status = RunSteps(workTable, statements.customSpec, codes.customSpec, pass.customSpecId, pass.modelId);
+        status =
+            RunSteps(workTable, statements.customSpec, codes.customSpec, pass.customSpecId, pass.modelId);
     }
     return status;
 }

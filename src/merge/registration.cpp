@@ -31,19 +31,21 @@ CString InsertStatement(std::int32_t axis, std::span<const RegisteredTable> tabl
 }
 
 // The names that the axis's row holds; empty where NULL.
-Status ReadPrevious(std::int32_t axis, std::span<const RegisteredTable> tables, const RegistrationCodes& codes,
-                    std::vector<CString>& previous) {
+Status ReadPrevious(std::int32_t axis, std::span<const RegisteredTable> tables,
+                    const RegistrationCodes& codes, std::vector<CString>& previous) {
     return Locked(codes.onLookup, [&] {
         Rows rows(Sql("SELECT * FROM [tablemanager] WHERE [axis_num] = %d", axis));
         if (rows.Empty()) return codes.noAxis;
         rows.First();
-        for (const RegisteredTable& entry : tables) rows.Text(entry.column, previous.emplace_back());
+        for (const RegisteredTable& entry : tables)
+            rows.Text(entry.column, previous.emplace_back());
         return kOk;
     });
 }
 
 // Drops the axis's previous tables unless they are still in use.
-Status DropPrevious(std::int32_t axis, std::span<const RegisteredTable> tables, const RegistrationCodes& codes) {
+Status DropPrevious(std::int32_t axis, std::span<const RegisteredTable> tables,
+                    const RegistrationCodes& codes) {
     std::vector<CString> previous;
     Status status = ReadPrevious(axis, tables, codes, previous);
     if (status != kOk || previous.front().IsEmpty()) return status;
@@ -61,7 +63,8 @@ Status DropPrevious(std::int32_t axis, std::span<const RegisteredTable> tables, 
 
 }  // namespace
 
-Status RegisterTables(std::int32_t axis, std::span<const RegisteredTable> tables, const RegistrationCodes& codes) {
+Status RegisterTables(std::int32_t axis, std::span<const RegisteredTable> tables,
+                      const RegistrationCodes& codes) {
     std::int32_t axisRows = 0;
     Status status = ReadRecordCount(
         codes.onLookup, Sql("SELECT COUNT (*) AS [Record] FROM [tablemanager] WHERE [axis_num] = %d", axis),

@@ -17,13 +17,15 @@ constexpr std::uint16_t kOfOption = 2;
 // The option unit's statement compares option_id with both ids.
 CString CustomSpecStatement(std::int32_t modelId, std::uint32_t optionId, std::uint16_t which) {
     if (which == kOfModel) {
-        return Sql("SELECT DISTINCT [cmod_id] FROM [CmodUpara] WHERE [model_id] = %ld AND [option_id] = %ld AND "
-                   "[model_type] = %d ORDER BY [cmod_id]",
-                   modelId, optionId, kOfModel);
+        return Sql(
+            "SELECT DISTINCT [cmod_id] FROM [CmodUpara] WHERE [model_id] = %ld AND [option_id] = %ld AND "
+            "[model_type] = %d ORDER BY [cmod_id]",
+            modelId, optionId, kOfModel);
     }
-    return Sql("SELECT DISTINCT [cmod_id] FROM [CmodUpara] WHERE [option_id] = %ld  AND [option_id] = %ld AND "
-               "[model_type] = %d ORDER BY [cmod_id]",
-               modelId, optionId, kOfOption);
+    return Sql(
+        "SELECT DISTINCT [cmod_id] FROM [CmodUpara] WHERE [option_id] = %ld  AND [option_id] = %ld AND "
+        "[model_type] = %d ORDER BY [cmod_id]",
+        modelId, optionId, kOfOption);
 }
 
 }  // namespace
@@ -51,9 +53,10 @@ KaloStatus KALO_CALL KaloGetUserCmodNum(std::uint32_t modelId, std::uint32_t opt
     if (!DatabaseIsOpen()) return kNotOpen;
     *summary = {};
     return Locked(DaoBase(0x2B800000), [&]() -> Status {
-        Rows rows(Sql("SELECT DISTINCT [cmod_id], [model_type] FROM [CmodUPara] WHERE ([model_id] = %ld AND "
-                      "[model_type] = 1 AND [option_id] = %ld) ORDER BY [cmod_id]",
-                      modelId, optionId));
+        Rows rows(
+            Sql("SELECT DISTINCT [cmod_id], [model_type] FROM [CmodUPara] WHERE ([model_id] = %ld AND "
+                "[model_type] = 1 AND [option_id] = %ld) ORDER BY [cmod_id]",
+                modelId, optionId));
         for (; !rows.AtEnd(); rows.Next()) {
             if (!rows.Read("cmod_id")) return kNoId;
             ++summary->count;

@@ -6,8 +6,8 @@ using namespace kalo;
 
 namespace {
 
-// The three tables of a combination and the one in which it is built. The digit or the decimal table is empty text
-// when the combination has none.
+// The three tables of a combination and the one in which it is built. The digit or the decimal table is empty
+// text when the combination has none.
 struct ParameterTables {
     explicit ParameterTables(const CString& combination)
         : scratch(TableName(combination, "TempUpara")),
@@ -33,19 +33,21 @@ Status CopyOrDrop(const OnDaoError& onError, const CString& statement, CString& 
 }
 
 Status MakeDigits(ParameterTables& tables) {
-    return CopyOrDrop(DaoBase(0x2B0F0000),
-                      Sql("SELECT * INTO [%s] FROM [nibble_ex] WHERE ([nibble_data_id] = ANY (SELECT [nibble_data_id] "
-                          "FROM [%s]))",
-                          tables.digits, tables.scratch),
-                      tables.digits);
+    return CopyOrDrop(
+        DaoBase(0x2B0F0000),
+        Sql("SELECT * INTO [%s] FROM [nibble_ex] WHERE ([nibble_data_id] = ANY (SELECT [nibble_data_id] "
+            "FROM [%s]))",
+            tables.digits, tables.scratch),
+        tables.digits);
 }
 
 Status MakeDecimals(ParameterTables& tables, std::int16_t countryId) {
-    return CopyOrDrop(DaoBase(0x2B100000),
-                      Sql("SELECT * INTO [%s] FROM [decdata] WHERE ([dec_data_id] = ANY (SELECT [dec_data_id] FROM "
-                          "[%s]) AND [decdata].[country_id] = %d)",
-                          tables.decimals, tables.scratch, countryId),
-                      tables.decimals);
+    return CopyOrDrop(
+        DaoBase(0x2B100000),
+        Sql("SELECT * INTO [%s] FROM [decdata] WHERE ([dec_data_id] = ANY (SELECT [dec_data_id] FROM "
+            "[%s]) AND [decdata].[country_id] = %d)",
+            tables.decimals, tables.scratch, countryId),
+        tables.decimals);
 }
 
 // A language without names: nothing of the build stays.
@@ -57,8 +59,8 @@ Status Abandon(const ParameterTables& tables, Status reason) {
 }
 
 // Puts names into the scratch table by one statement; no row touched means that the language has none.
-Status Name(const OnDaoError& onError, const char* statement, const ParameterTables& tables, std::int16_t countryId,
-            Status noNames) {
+Status Name(const OnDaoError& onError, const char* statement, const ParameterTables& tables,
+            std::int16_t countryId, Status noNames) {
     long named = 0;
     const Status status = Run(onError, SqlOnTable(statement, tables.scratch, {countryId}), &named);
     if (status != kOk || named != 0) return status;
@@ -67,10 +69,12 @@ Status Name(const OnDaoError& onError, const char* statement, const ParameterTab
 
 Status LocaliseCategories(const ParameterTables& tables, std::int16_t countryId) {
     enum : Status { kNoCategoryNames = 0x2A000005 };
-    return Name(DaoBase(0x2B110000),
-                "UPDATE [%s] INNER JOIN [paracategory] ON [%s].[category_name_id] = [paracategory].[category_name_id] "
-                "SET [%s].[category_name] = [paracategory].[category_name] WHERE ([paracategory].[country_id] = %d)",
-                tables, countryId, kNoCategoryNames);
+    return Name(
+        DaoBase(0x2B110000),
+        "UPDATE [%s] INNER JOIN [paracategory] ON [%s].[category_name_id] = "
+        "[paracategory].[category_name_id] "
+        "SET [%s].[category_name] = [paracategory].[category_name] WHERE ([paracategory].[country_id] = %d)",
+        tables, countryId, kNoCategoryNames);
 }
 
 Status LocaliseParameters(const ParameterTables& tables, std::int16_t countryId) {
@@ -83,29 +87,34 @@ Status LocaliseParameters(const ParameterTables& tables, std::int16_t countryId)
 
 // Country 100 holds the units that all languages share.
 Status LocaliseUnits(const CString& scratch, std::int16_t countryId) {
-    return Run(DaoBase(0x2B130000),
-               SqlOnTable("UPDATE [%s] INNER JOIN [unit] ON [%s].[unit_str_id] = [unit].[unit_str_id] SET [%s].[unit] "
-                          "= [unit].[unit], [%s].[unit_multiplier] = [unit].[unit_multiplier],[%s].[unit_name] = "
-                          "[unit].[unit_name] WHERE ([unit].[country_id] = %d OR [unit].[country_id] = 100)",
-                          scratch, {countryId}));
+    return Run(
+        DaoBase(0x2B130000),
+        SqlOnTable(
+            "UPDATE [%s] INNER JOIN [unit] ON [%s].[unit_str_id] = [unit].[unit_str_id] SET [%s].[unit] "
+            "= [unit].[unit], [%s].[unit_multiplier] = [unit].[unit_multiplier],[%s].[unit_name] = "
+            "[unit].[unit_name] WHERE ([unit].[country_id] = %d OR [unit].[country_id] = 100)",
+            scratch, {countryId}));
 }
 
 Status ApplyPowerRating(const CString& scratch, const BuildIdentity& identity) {
     if (identity.powerRating == 0) return kOk;
-    return Run(DaoBase(0x2B140000),
-               SqlOnTable("UPDATE [%s] INNER JOIN [powerrating] ON [%s].[user_constant] = "
-                          "[powerrating].[user_constant] SET [%s].[max] = [powerrating].[max], [%s].[min] = "
-                          "[powerrating].[min], [%s].[initial_value] = [powerrating].[initial_value], [%s].[max_check] "
-                          "= [powerrating].[max_check], [%s].[min_check] = [powerrating].[min_check] WHERE "
-                          "([powerrating].[powerrating_id] = %ld AND [powerrating].[model_id] = %ld)",
-                          scratch, {identity.powerRating, identity.servoId}));
+    return Run(
+        DaoBase(0x2B140000),
+        SqlOnTable(
+            "UPDATE [%s] INNER JOIN [powerrating] ON [%s].[user_constant] = "
+            "[powerrating].[user_constant] SET [%s].[max] = [powerrating].[max], [%s].[min] = "
+            "[powerrating].[min], [%s].[initial_value] = [powerrating].[initial_value], [%s].[max_check] "
+            "= [powerrating].[max_check], [%s].[min_check] = [powerrating].[min_check] WHERE "
+            "([powerrating].[powerrating_id] = %ld AND [powerrating].[model_id] = %ld)",
+            scratch, {identity.powerRating, identity.servoId}));
 }
 
 // Replaces the ids of names by the category's own id.
 Status ReplaceNameIds(const CString& scratch) {
     constexpr const char* kStatements[] = {
         "ALTER TABLE [%s] ADD COLUMN [category_id] LONG",
-        "UPDATE [%s] INNER JOIN [paracategory] ON [%s].[category_name_id] = [paracategory].[category_name_id] SET "
+        "UPDATE [%s] INNER JOIN [paracategory] ON [%s].[category_name_id] = "
+        "[paracategory].[category_name_id] SET "
         "[%s].[category_id] = [paracategory].[category_id]",
         "ALTER TABLE [%s] DROP COLUMN [category_name_id]",
         "ALTER TABLE [%s] DROP COLUMN [parameter_name_id]",
@@ -144,8 +153,8 @@ Status Build(ParameterTables& tables, const CString& modelName, std::int16_t cou
 Status ShareTables(ParameterTables& tables) {
     enum : Status { kNoAxis = 0x2BFF0757 };
     return Locked(DaoBase(0x2B060000), [&tables]() -> Status {
-        Rows rows(Sql("SELECT * FROM [tablemanager] WHERE [userparameter_table] = %c%s%c", kQuote, tables.parameters,
-                      kQuote));
+        Rows rows(Sql("SELECT * FROM [tablemanager] WHERE [userparameter_table] = %c%s%c", kQuote,
+                      tables.parameters, kQuote));
         if (rows.Empty()) return kNoAxis;
         rows.First();
         rows.Text("nibble_table", tables.digits);
@@ -174,7 +183,8 @@ Status BuildOrShare(std::int16_t countryId, const BuildIdentity& identity, std::
     if (status != kOk) return status;
     ParameterTables tables(CombinationName(modelName, identity));
     bool registered = false;
-    status = IsRegistered("userparameter_table", tables.parameters, kNoCount, DaoBase(0x2B050000), registered);
+    status =
+        IsRegistered("userparameter_table", tables.parameters, kNoCount, DaoBase(0x2B050000), registered);
     if (status != kOk) return status;
     status = registered ? ShareTables(tables) : Build(tables, modelName, countryId, identity);
     if (status != kOk) return status;
@@ -184,14 +194,15 @@ Status BuildOrShare(std::int16_t countryId, const BuildIdentity& identity, std::
 }  // namespace
 
 KaloStatus KALO_CALL KaloUparaCreate(std::int16_t countryId, std::int32_t servoId, std::int32_t servoFirmware,
-                                     std::int32_t servoCustomSpec, std::int32_t powerRating, std::int32_t optionId,
-                                     std::int32_t optionFirmware, std::int32_t optionCustomSpec, std::int16_t axis) {
+                                     std::int32_t servoCustomSpec, std::int32_t powerRating,
+                                     std::int32_t optionId, std::int32_t optionFirmware,
+                                     std::int32_t optionCustomSpec, std::int16_t axis) {
     enum : Status { kNotOpen = 0x2A000004 };
     if (!DatabaseIsOpen()) return kNotOpen;
     const Status status = IdentifyModelVariant(servoId, servoFirmware, DaoBase(0x2B030000));
     if (status != kOk) return status;
-    return BuildOrShare(countryId,
-                        {servoId, servoFirmware, servoCustomSpec, powerRating, optionId, optionFirmware,
-                         optionCustomSpec},
-                        axis);
+    return BuildOrShare(
+        countryId,
+        {servoId, servoFirmware, servoCustomSpec, powerRating, optionId, optionFirmware, optionCustomSpec},
+        axis);
 }

@@ -21,7 +21,8 @@ Status ReadFitted(std::int16_t axis, Fitted& fitted) {
         Rows rows(Sql("SELECT * FROM [tablemanager] WHERE axis_num = %d", axis));
         if (rows.Empty()) return kNoAxis;
         rows.First();
-        const bool known = rows.Number("servo_id", fitted.servoId) && rows.Number("option_id", fitted.optionId);
+        const bool known =
+            rows.Number("servo_id", fitted.servoId) && rows.Number("option_id", fitted.optionId);
         return known ? kOk : kNoIdentity;
     });
 }
@@ -37,17 +38,19 @@ Status FindRows(const CString& statement, std::uint16_t& changed) {
 // Changes of the model between two versions, whichever is the later.
 Status CompareModel(std::int32_t servoId, std::uint32_t a, std::uint32_t b, std::uint16_t& changed) {
     if (a == b) return kOk;
-    return FindRows(Sql("SELECT * FROM [FirmUpara] WHERE ([model_id] = %ld AND ([firm_id] > %ld AND [firm_id] <= %ld))",
-                        servoId, std::min(a, b), std::max(a, b)),
-                    changed);
+    return FindRows(
+        Sql("SELECT * FROM [FirmUpara] WHERE ([model_id] = %ld AND ([firm_id] > %ld AND [firm_id] <= %ld))",
+            servoId, std::min(a, b), std::max(a, b)),
+        changed);
 }
 
 Status CompareOption(const Fitted& fitted, std::uint32_t a, std::uint32_t b, std::uint16_t& changed) {
     if (a == b) return kOk;
-    return FindRows(Sql("SELECT * FROM [FirmUpara] WHERE ([model_id] = %ld AND [option_id] = %ld AND ([firm_id] > %ld "
-                        "AND [firm_id] <= %ld))",
-                        fitted.servoId, fitted.optionId, std::min(a, b), std::max(a, b)),
-                    changed);
+    return FindRows(
+        Sql("SELECT * FROM [FirmUpara] WHERE ([model_id] = %ld AND [option_id] = %ld AND ([firm_id] > %ld "
+            "AND [firm_id] <= %ld))",
+            fitted.servoId, fitted.optionId, std::min(a, b), std::max(a, b)),
+        changed);
 }
 
 }  // namespace

@@ -5,8 +5,8 @@
 namespace kalo {
 namespace {
 
-// A column that the merge copies. The modify of a custom specification writes some of them with the engine's other
-// separator.
+// A column that the merge copies. The modify of a custom specification writes some of them with the engine's
+// other separator.
 struct ParameterColumn {
     const char* name;
     const char* customSpecModify = "[CmodUPara].[%s]";
@@ -46,7 +46,8 @@ constexpr int kModified = 1;
 constexpr int kInserted = 2;
 constexpr int kDeleted = 3;
 
-// Delta rows of one step: the table, the id that matches Parameter_id, and a filter with one %d for the change type.
+// Delta rows of one step: the table, the id that matches Parameter_id, and a filter with one %d for the
+// change type.
 struct DeltaRows {
     const char* table;
     const char* id;
@@ -59,8 +60,8 @@ CString DeltaColumn(const DeltaRows& delta, const ParameterColumn& column) {
 }
 
 CString ModifyStatement(const CString& work, const DeltaRows& delta) {
-    CString text = Sql("UPDATE [%s] INNER JOIN [%s] ON [%s].[Parameter_id] = [%s].[%s] SET ", work, delta.table, work,
-                       delta.table, delta.id);
+    CString text = Sql("UPDATE [%s] INNER JOIN [%s] ON [%s].[Parameter_id] = [%s].[%s] SET ", work,
+                       delta.table, work, delta.table, delta.id);
     const char* separator = "";
     for (const ParameterColumn& column : kColumns) {
         text += Sql("%s[%s].[%s] = %s", separator, work, column.name, DeltaColumn(delta, column));
@@ -73,14 +74,15 @@ CString ModifyStatement(const CString& work, const DeltaRows& delta) {
 
 CString InsertStatement(const CString& work, const DeltaRows& delta, const CString& furtherFilter) {
     CString text = Sql("INSERT INTO [%s] SELECT [%s].[%s] AS [Parameter_id]", work, delta.table, delta.id);
-    for (const ParameterColumn& column : kColumns) text += Sql(",[%s].[%s]", delta.table, column.name);
+    for (const ParameterColumn& column : kColumns)
+        text += Sql(",[%s].[%s]", delta.table, column.name);
     text += Sql(" FROM [%s] WHERE (%s%s)", delta.table, Sql(delta.filter, kInserted), furtherFilter);
     return text;
 }
 
 CString DeleteStatement(const CString& work, const DeltaRows& delta) {
-    return Sql("DELETE * FROM [%s] WHERE [user_constant] = ANY (SELECT [user_constant] FROM [%s] WHERE (%s))", work,
-               delta.table, Sql(delta.filter, kDeleted));
+    return Sql("DELETE * FROM [%s] WHERE [user_constant] = ANY (SELECT [user_constant] FROM [%s] WHERE (%s))",
+               work, delta.table, Sql(delta.filter, kDeleted));
 }
 
 Status ApplyAll(const OnDaoError& onError, const CString& work, const DeltaRows& delta,
@@ -93,39 +95,46 @@ Status ApplyAll(const OnDaoError& onError, const CString& work, const DeltaRows&
 
 DeltaRows FirmwareRows(std::int32_t bound, std::int32_t modelId, std::int32_t optionId) {
     return {"FirmUPara", "FirmUPara_id",
-            "[FirmUPara].[change_type] = %d" + Sql(" AND [FirmUPara].[firm_id] <= %ld AND [FirmUPara].[model_id] = "
-                                                   "%ld AND [FirmUPara].[option_id] = %ld",
-                                                   bound, modelId, optionId)};
+            "[FirmUPara].[change_type] = %d" +
+                Sql(" AND [FirmUPara].[firm_id] <= %ld AND [FirmUPara].[model_id] = "
+                    "%ld AND [FirmUPara].[option_id] = %ld",
+                    bound, modelId, optionId)};
 }
 
 DeltaRows OptionsOwnRows(std::int32_t modelId, std::int32_t optionId) {
     return {"FirmUPara", "FirmUPara_id",
-            "[FirmUPara].[change_type] = %d" + Sql(" AND [FirmUPara].[firm_id] = 0 AND [FirmUPara].[model_id] = %ld "
-                                                   "AND [FirmUPara].[option_id] = %ld",
-                                                   modelId, optionId)};
+            "[FirmUPara].[change_type] = %d" +
+                Sql(" AND [FirmUPara].[firm_id] = 0 AND [FirmUPara].[model_id] = %ld "
+                    "AND [FirmUPara].[option_id] = %ld",
+                    modelId, optionId)};
 }
 
 // modelType: 1 = a custom specification of the amplifier, 2 = of the option unit.
 DeltaRows CustomSpecRows(std::int32_t customSpec, const BuildIdentity& identity, int modelType) {
     return {"CmodUPara", "cmodUPara_id",
-            "[CmodUPara].[change_type] = %d" + Sql(" AND [CmodUPara].[cmod_id] = %ld AND [CmodUPara].[model_id] = %ld "
-                                                   "AND [CmodUPara].[option_id] = %ld AND [CmodUPara].[model_type] = "
-                                                   "%d",
-                                                   customSpec, identity.servoId, identity.optionId, modelType)};
+            "[CmodUPara].[change_type] = %d" +
+                Sql(" AND [CmodUPara].[cmod_id] = %ld AND [CmodUPara].[model_id] = %ld "
+                    "AND [CmodUPara].[option_id] = %ld AND [CmodUPara].[model_type] = "
+                    "%d",
+                    customSpec, identity.servoId, identity.optionId, modelType)};
 }
 
 // Keeps a firmware from inserting what a custom specification of the drive inserts itself.
 CString NotInsertedByCustomSpec(const BuildIdentity& identity) {
     if (!identity.HasOption()) {
-        return Sql(" AND NOT EXISTS (SELECT * FROM [CmodUPara] WHERE ([cmodUPara_id] = [FirmUPara].[FirmUPara_id] AND "
-                   "[change_type] = 2 AND ([cmod_id] = %ld AND [model_id] = %ld AND [option_id] = 65533)))",
-                   identity.servoCustomSpec, identity.servoId);
+        return Sql(
+            " AND NOT EXISTS (SELECT * FROM [CmodUPara] WHERE ([cmodUPara_id] = [FirmUPara].[FirmUPara_id] "
+            "AND "
+            "[change_type] = 2 AND ([cmod_id] = %ld AND [model_id] = %ld AND [option_id] = 65533)))",
+            identity.servoCustomSpec, identity.servoId);
     }
-    return Sql(" AND NOT EXISTS (SELECT * FROM [CmodUPara] WHERE ([cmodUPara_id] = [FirmUPara].[FirmUPara_id] AND "
-               "[change_type] = 2 AND (([cmod_id] = %ld AND [model_id] = %ld AND [option_id] = 65533) OR ([cmod_id] = "
-               "%ld AND [model_id] = %ld AND [option_id] = %ld))))",
-               identity.servoCustomSpec, identity.servoId, identity.optionCustomSpec, identity.servoId,
-               identity.optionId);
+    return Sql(
+        " AND NOT EXISTS (SELECT * FROM [CmodUPara] WHERE ([cmodUPara_id] = [FirmUPara].[FirmUPara_id] AND "
+        "[change_type] = 2 AND (([cmod_id] = %ld AND [model_id] = %ld AND [option_id] = 65533) OR ([cmod_id] "
+        "= "
+        "%ld AND [model_id] = %ld AND [option_id] = %ld))))",
+        identity.servoCustomSpec, identity.servoId, identity.optionCustomSpec, identity.servoId,
+        identity.optionId);
 }
 
 Status MergeModelFirmware(const CString& work, const BuildIdentity& identity) {
@@ -150,7 +159,8 @@ Status MergeModelCustomSpec(const CString& work, const BuildIdentity& identity) 
 
 // The option unit's own changes to its base model, at every version of its firmware.
 Status MergeOptionsOwn(const CString& work, const BuildIdentity& identity) {
-    return Run(DaoBase(0x2B0B0000), ModifyStatement(work, OptionsOwnRows(identity.servoId, identity.optionId)));
+    return Run(DaoBase(0x2B0B0000),
+               ModifyStatement(work, OptionsOwnRows(identity.servoId, identity.optionId)));
 }
 
 Status MergeOptionFirmware(const CString& work, const BuildIdentity& identity) {

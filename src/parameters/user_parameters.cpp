@@ -79,7 +79,8 @@ KaloStatus KALO_CALL KaloGetUParaNum(std::int16_t axis, std::uint16_t* count) {
     enum : Status { kNotOpen = 0x2A000067, kNoAxis = 0x2A000068, kNoTable = 0x2A000069 };
     if (!DatabaseIsOpen()) return kNotOpen;
     CString table;
-    const Status status = FindTable({kAxisRow, kTableColumn, kNoAxis, kNoTable, DaoBase(0x2B7D0000)}, axis, table);
+    const Status status =
+        FindTable({kAxisRow, kTableColumn, kNoAxis, kNoTable, DaoBase(0x2B7D0000)}, axis, table);
     if (status != kOk) return status;
     return CountRows(DaoBase(0x2B7E0000), Sql("SELECT * FROM [%s]", table), count);
 }
@@ -94,7 +95,8 @@ KaloStatus KALO_CALL KaloGetUParaId(std::int16_t axis, std::int16_t index, std::
     };
     if (!DatabaseIsOpen()) return kNotOpen;
     CString table;
-    const Status status = FindTable({kAxisRow, kTableColumn, kNoAxis, kNoTable, DaoBase(0x2B740000)}, axis, table);
+    const Status status =
+        FindTable({kAxisRow, kTableColumn, kNoAxis, kNoTable, DaoBase(0x2B740000)}, axis, table);
     if (status != kOk) return status;
     return Locked(DaoBase(0x2B750000), [&]() -> Status {
         Rows rows(Sql("SELECT * FROM [%s]", table));
@@ -104,12 +106,14 @@ KaloStatus KALO_CALL KaloGetUParaId(std::int16_t axis, std::int16_t index, std::
     });
 }
 
-KaloStatus KALO_CALL KaloGetUParaInfo(std::int16_t axis, std::int32_t parameterId, KaloUserParameter* record) {
+KaloStatus KALO_CALL KaloGetUParaInfo(std::int16_t axis, std::int32_t parameterId,
+                                      KaloUserParameter* record) {
     enum : Status { kNotOpen = 0x2A000064, kNoAxis = 0x2A000065, kNoTable = 0x2A000066, kNoRow = 0x2A000071 };
     if (!DatabaseIsOpen()) return kNotOpen;
     *record = {};
     CString table;
-    const Status status = FindTable({kAxisRow, kTableColumn, kNoAxis, kNoTable, DaoBase(0x2B790000)}, axis, table);
+    const Status status =
+        FindTable({kAxisRow, kTableColumn, kNoAxis, kNoTable, DaoBase(0x2B790000)}, axis, table);
     if (status != kOk) return status;
     return Locked(DaoBase(0x2B7A0000), [&]() -> Status {
         Rows rows(Sql("SELECT * FROM [%s] WHERE parameter_id = %ld", table, parameterId));
@@ -126,7 +130,8 @@ KaloStatus KALO_CALL KaloGetAllUParaInfo(std::int16_t axis, std::int16_t count, 
     KaloUserParameter* const end = records + std::max<std::int16_t>(count, 0);
     std::fill(records, end, KaloUserParameter{});
     CString table;
-    const Status status = FindTable({kAxisRow, kTableColumn, kNoAxis, kNoTable, DaoBase(0x2B7B0000)}, axis, table);
+    const Status status =
+        FindTable({kAxisRow, kTableColumn, kNoAxis, kNoTable, DaoBase(0x2B7B0000)}, axis, table);
     if (status != kOk) return status;
     return Locked(DaoBase(0x2B7C0000), [&]() -> Status {
         Rows rows(Sql("SELECT * FROM [%s] ORDER BY [Parameter_id]", table));
@@ -144,10 +149,10 @@ KaloStatus KALO_CALL KaloUparaUpdate(std::int16_t axis, std::uint16_t controlTyp
     enum : Status { kNotOpen = 0x2BFF1570, kNoAxis = 0x2BFF1571, kNoTable = 0x2BFF1572 };
     if (!DatabaseIsOpen()) return kNotOpen;
     CString table;
-    const Status status = FindTable({kAxisRow, kTableColumn, kNoAxis, kNoTable, DaoCode(0x2BFF1574)}, axis, table);
+    const Status status =
+        FindTable({kAxisRow, kTableColumn, kNoAxis, kNoTable, DaoCode(0x2BFF1574)}, axis, table);
     if (status != kOk) return status;
-    return TrimByControlType(table, controlTypeMask,
-                             {.emptyTable = 0x2BFF1573,
-                              .onWalk = DaoCode(0x2BFF1575),
-                              .onDelete = DaoCode(0x2BFF1576)});
+    return TrimByControlType(
+        table, controlTypeMask,
+        {.emptyTable = 0x2BFF1573, .onWalk = DaoCode(0x2BFF1575), .onDelete = DaoCode(0x2BFF1576)});
 }

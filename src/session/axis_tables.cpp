@@ -13,26 +13,27 @@ struct WorkTableColumn {
 };
 
 constexpr WorkTableColumn kWorkTableColumns[] = {
-    {"sfunction_table", false},   {"nibble_table", false},       {"dec_table", false},
-    {"auxiliary_table", false},   {"io_table", false},           {"getalarm_table", false},
-    {"index_table", false},       {"zone_table", false},         {"jog_table", false},
-    {"funcid_table", false},      {"funcmode_table", false},     {"opmode_table", false},
-    {"loopprm_table", false},     {"simprm_table", false},       {"indexprm_table", false},
-    {"zoneprm_table", false},     {"jogprm_table", false},       {"userparameter_table", false},
-    {"monitor_table", false},     {"dispalarm_table", false},    {"traceadd_table", false},
-    {"iotrace_table", false},     {"analogtrace_table", false},  {"traceaddinfo_table", false},
-    {"triggertype_table", false}, {"select_table", false},       {"reftype_table", false},
-    {"commselect_table", false},  {"commtype_table", false},     {"dsdatatype_table", false},
+    {"sfunction_table", false},   {"nibble_table", false},      {"dec_table", false},
+    {"auxiliary_table", false},   {"io_table", false},          {"getalarm_table", false},
+    {"index_table", false},       {"zone_table", false},        {"jog_table", false},
+    {"funcid_table", false},      {"funcmode_table", false},    {"opmode_table", false},
+    {"loopprm_table", false},     {"simprm_table", false},      {"indexprm_table", false},
+    {"zoneprm_table", false},     {"jogprm_table", false},      {"userparameter_table", false},
+    {"monitor_table", false},     {"dispalarm_table", false},   {"traceadd_table", false},
+    {"iotrace_table", false},     {"analogtrace_table", false}, {"traceaddinfo_table", false},
+    {"triggertype_table", false}, {"select_table", false},      {"reftype_table", false},
+    {"commselect_table", false},  {"commtype_table", false},    {"dsdatatype_table", false},
     {"tuningprm_table", false},
 };
 
 bool UsedByAnotherAxis(const char* column, const CString& table, std::int32_t axis) {
-    Rows rows(Sql("SELECT * FROM [tablemanager] WHERE (%s = \"%s\" AND axis_num <> %d)", column, table, axis));
+    Rows rows(
+        Sql("SELECT * FROM [tablemanager] WHERE (%s = \"%s\" AND axis_num <> %d)", column, table, axis));
     return !rows.Empty();
 }
 
-// Drops the tables that the axis's row names; `found` tells whether there is one. One locked stretch: the row stays
-// open while the tables go.
+// Drops the tables that the axis's row names; `found` tells whether there is one. One locked stretch: the row
+// stays open while the tables go.
 Status DropTables(std::int32_t axis, bool& found) {
     return Locked(DaoBase(0x2C040000).AndLeaveLock(), [axis, &found] {
         Rows row(Sql("SELECT * FROM [tablemanager] WHERE axis_num = %d", axis));

@@ -6,17 +6,22 @@ namespace {
 // In all of these, every %s is the temporary table.
 constexpr const char* kCopy = "SELECT * INTO [%s] FROM [encodor]";
 constexpr const char* kModify =
-    "UPDATE [%s] INNER JOIN [Firmencodor] ON ([%s].[motor_id] = [Firmencodor].[motor_id]) AND ([%s].[encodor_id] = "
-    "[Firmencodor].[encodor_id]) SET [%s].[encodor_ability] = [Firmencodor].[encodor_ability],[%s].[encodor_type] = "
+    "UPDATE [%s] INNER JOIN [Firmencodor] ON ([%s].[motor_id] = [Firmencodor].[motor_id]) AND "
+    "([%s].[encodor_id] = "
+    "[Firmencodor].[encodor_id]) SET [%s].[encodor_ability] = "
+    "[Firmencodor].[encodor_ability],[%s].[encodor_type] = "
     "[Firmencodor].[encodor_type],[%s].[encodor_help] = [Firmencodor].[encodor_help] WHERE "
     "([FirmEncodor].[change_type] = 1 AND [FirmEncodor].[firm_id] <= %ld AND [FirmEncodor].[motor_id] = %ld)";
 constexpr const char* kInsert =
-    "INSERT INTO [%s] SELECT [Firmencodor].[encodor_id],[Firmencodor].[motor_id],[Firmencodor].[encodor_ability], "
-    "[Firmencodor].[encodor_type],[Firmencodor].[encodor_help] FROM [Firmencodor] WHERE ([change_type] = 2 AND "
+    "INSERT INTO [%s] SELECT "
+    "[Firmencodor].[encodor_id],[Firmencodor].[motor_id],[Firmencodor].[encodor_ability], "
+    "[Firmencodor].[encodor_type],[Firmencodor].[encodor_help] FROM [Firmencodor] WHERE ([change_type] = 2 "
+    "AND "
     "[firm_id] <= %ld AND [motor_id] = %ld) ";
 constexpr const char* kDelete =
     "DELETE * FROM [%s] WHERE ([encodor_id] = ANY (SELECT [encodor_id] FROM [Firmencodor] WHERE "
-    "([Firmencodor].[change_type] = 3 AND [Firmencodor].[firm_id] <= %ld AND [Firmencodor].[motor_id] = %ld))) AND "
+    "([Firmencodor].[change_type] = 3 AND [Firmencodor].[firm_id] <= %ld AND [Firmencodor].[motor_id] = "
+    "%ld))) AND "
     "([motor_id] = %ld)";
 constexpr const char* kRead = "SELECT * FROM [%s] WHERE ([encodor_id] = %ld AND [motor_id] = %ld)";
 

@@ -30,9 +30,9 @@ struct EncoderErrors {
     OnDaoError readDirectly;
 };
 
-// Finds an encoder's ability and type as they stand for its firmware: in a copy of the encoder table, `temporaryTable`,
-// to which the firmware's changes are applied and which is gone again after a success; without firmware, in the
-// encoder table itself. A NULL ability is 0, a NULL type "*".
+// Finds an encoder's ability and type as they stand for its firmware: in a copy of the encoder table,
+// `temporaryTable`, to which the firmware's changes are applied and which is gone again after a success;
+// without firmware, in the encoder table itself. A NULL ability is 0, a NULL type "*".
 Status ResolveEncoder(const EncoderKey& key, const char* temporaryTable, const EncoderErrors& errors,
                       Encoder& encoder);
 

@@ -20,7 +20,8 @@ constexpr SessionTable kSessionTables[] = {
     {"model", "SELECT * INTO [model] FROM [%s]", "tavrowinmodel", "tavroindexermodel", 0x2BFF06BD},
     {"help", "SELECT * INTO [help] FROM [%s]", "tavrowinhelp", "tavroindexerhelp", 0x2BFF06BF},
     {"wizhelp", "SELECT * INTO [wizhelp] FROM [%s]", "tavrowinwizhelp", "tavroindexerwizhelp", 0x2BFF06BC},
-    {"MonitorID", "SELECT * INTO [MonitorID] FROM [%s]", "tavrowinMonitorID", "tavroindexerMonitorID", 0x2BFF06BB},
+    {"MonitorID", "SELECT * INTO [MonitorID] FROM [%s]", "tavrowinMonitorID", "tavroindexerMonitorID",
+     0x2BFF06BB},
 };
 
 // Opens the working file, under the object of an earlier open if there is one.
@@ -55,10 +56,12 @@ Status CopySessionTables() {
 }
 
 Status LocaliseMonitorNames(std::uint16_t countryId) {
-    return Run(DaoBase(0x2C020000),
-               Sql("UPDATE [MonitorID] INNER JOIN [monname] ON [MonitorID].[monitor_name_id] = [monname].[mon_name_id] "
-                   "SET [MonitorID].[monitor_name] = [monname].[monitor_name] WHERE ([monname].[country_id] = %d)",
-                   countryId));
+    return Run(
+        DaoBase(0x2C020000),
+        Sql("UPDATE [MonitorID] INNER JOIN [monname] ON [MonitorID].[monitor_name_id] = "
+            "[monname].[mon_name_id] "
+            "SET [MonitorID].[monitor_name] = [monname].[monitor_name] WHERE ([monname].[country_id] = %d)",
+            countryId));
 }
 
 // Drops the session's tables, outside the lock; one that cannot be dropped does not stop the others.

@@ -5,9 +5,11 @@ namespace {
 
 // By ModelFamily.
 constexpr const char* kVariantStatements[] = {
-    "SELECT [ide_servo_id],[modify_flag_bitmask],[modify_flag],[modify_threshold_bitmask],[modify_threshold] FROM "
+    "SELECT [ide_servo_id],[modify_flag_bitmask],[modify_flag],[modify_threshold_bitmask],[modify_threshold] "
+    "FROM "
     "[model_subspecies] WHERE [servo_id] = %d ORDER BY [modify_threshold] DESC",
-    "SELECT [ide_servo_id],[modify_flag_bitmask],[modify_flag],[modify_threshold_bitmask],[modify_threshold] FROM "
+    "SELECT [ide_servo_id],[modify_flag_bitmask],[modify_flag],[modify_threshold_bitmask],[modify_threshold] "
+    "FROM "
     "[tavro2_model_subspecies] WHERE [servo_id] = %d ORDER BY [modify_threshold] DESC",
 };
 

@@ -7,7 +7,8 @@ namespace {
 
 AFX_EXTENSION_MODULE g_module;
 
-// A refused registration makes the load fail; the system then unloads the library again, which deletes the lock.
+// A refused registration makes the load fail; the system then unloads the library again, which deletes the
+// lock.
 BOOL Attach(HINSTANCE instance) {
     kalo::CreateLock();
     if (!AfxInitExtensionModule(g_module, instance)) return FALSE;

@@ -29,7 +29,8 @@ CString SqlOnTable(const char* statement, const CString& table, std::initializer
 }
 
 Status CaughtStatus(CDaoException* exception, const OnDaoError& onError) {
-    const std::int32_t number = exception->m_pErrorInfo != nullptr ? exception->m_pErrorInfo->m_lErrorCode : 0;
+    const std::int32_t number =
+        exception->m_pErrorInfo != nullptr ? exception->m_pErrorInfo->m_lErrorCode : 0;
     exception->Delete();
     return onError.StatusOf(number);
 }
@@ -43,7 +44,9 @@ void CloseQuietly(CDaoRecordset& recordset) {
     }
 }
 
-long Execute(const CString& statement) { return ExecuteOn(*Database(), statement); }
+long Execute(const CString& statement) {
+    return ExecuteOn(*Database(), statement);
+}
 
 long ExecuteOn(CDaoDatabase& database, const CString& statement) {
     CDaoQueryDef query(&database);
@@ -82,9 +85,15 @@ std::int32_t Rows::Value(const char* column) {
 bool Rows::Number(const char* column, float& field) {
     if (!Read(column)) return false;
     switch (V_VT(&value_)) {
-        case VT_R4: field = V_R4(&value_); break;
-        case VT_R8: field = static_cast<float>(V_R8(&value_)); break;
-        default: field = static_cast<float>(V_I4(&value_)); break;
+        case VT_R4:
+            field = V_R4(&value_);
+            break;
+        case VT_R8:
+            field = static_cast<float>(V_R8(&value_));
+            break;
+        default:
+            field = static_cast<float>(V_I4(&value_));
+            break;
     }
     return true;
 }
@@ -98,8 +107,8 @@ bool Rows::Text(const char* column, char* field, std::size_t size) {
 bool Rows::TextUnterminated(const char* column, char* field, std::size_t size) {
     if (!Read(column)) return false;
     if (V_VT(&value_) != VT_BSTR) return false;
-    _mbsnbcpy(reinterpret_cast<unsigned char*>(field), reinterpret_cast<const unsigned char*>(V_BSTRT(&value_)),
-              size);
+    _mbsnbcpy(reinterpret_cast<unsigned char*>(field),
+              reinterpret_cast<const unsigned char*>(V_BSTRT(&value_)), size);
     return true;
 }
 
@@ -138,7 +147,8 @@ Status CountRows(const OnDaoError& onError, const CString& statement, std::uint1
     });
 }
 
-Status ReadRecordCount(const OnDaoError& onError, const CString& statement, Status noRow, std::int32_t& count) {
+Status ReadRecordCount(const OnDaoError& onError, const CString& statement, Status noRow,
+                       std::int32_t& count) {
     return Locked(onError, [&] {
         Rows rows(statement);
         if (rows.Empty()) return noRow;
@@ -187,6 +197,8 @@ Status DropWorkTable(const CString& table, Status codeBase) {
     return Run(DaoCode(codeBase + 7).AndLeaveLock(), Sql("DROP TABLE [%s] ", table));
 }
 
-void DropLeftover(const CString& table) { DropWorkTable(table, kOk); }
+void DropLeftover(const CString& table) {
+    DropWorkTable(table, kOk);
+}
 
 }  // namespace kalo

@@ -7,20 +7,27 @@
 #include "session/database.h"
 #include "session/status.h"
 
-// The frame that every exported function is written in: closed check, axis row, table name, statement, fields,
-// status. Functions state their own SQL, fields and codes; how they run stands here once.
+// The frame that every exported function is written in: closed check, axis row, table name, statement,
+// fields, status. Functions state their own SQL, fields and codes; how they run stands here once.
 namespace kalo {
 
-// --- Statements --------------------------------------------------------------------------------------------------
+// --- Statements
+// --------------------------------------------------------------------------------------------------
 
 // Texts stand between double quotes, which go into a statement through %c.
 constexpr char kQuote = '"';
 
 namespace detail {
 template <class Integer, class = std::enable_if_t<std::is_integral_v<Integer>>>
-int FormatArgument(Integer value) { return static_cast<int>(value); }
-inline const char* FormatArgument(const char* text) { return text; }
-inline const char* FormatArgument(const CString& text) { return text; }
+int FormatArgument(Integer value) {
+    return static_cast<int>(value);
+}
+inline const char* FormatArgument(const char* text) {
+    return text;
+}
+inline const char* FormatArgument(const CString& text) {
+    return text;
+}
 }  // namespace detail
 
 // Fills a statement's %s, %d, %ld, %u, %hu and %c.
@@ -32,15 +39,17 @@ CString Sql(const char* statement, const Arguments&... arguments) {
 }
 
 // Fills a statement in which every %s is the same table, and its numbers in order.
-CString SqlOnTable(const char* statement, const CString& table, std::initializer_list<std::int32_t> numbers = {});
+CString SqlOnTable(const char* statement, const CString& table,
+                   std::initializer_list<std::int32_t> numbers = {});
 
-// --- Locked stretches --------------------------------------------------------------------------------------------
+// --- Locked stretches
+// --------------------------------------------------------------------------------------------
 
 // The status for a caught exception; deletes it.
 Status CaughtStatus(CDaoException* exception, const OnDaoError& onError);
 
-// Runs `body` inside the lock and returns its status. A CDaoException becomes `onError`'s status; the lock is then
-// left only if `onError` says so. Any other exception passes.
+// Runs `body` inside the lock and returns its status. A CDaoException becomes `onError`'s status; the lock is
+// then left only if `onError` says so. Any other exception passes.
 template <class Body>
 Status Locked(const OnDaoError& onError, Body&& body) {
     EnterLock();
@@ -69,10 +78,11 @@ Status Unlocked(const OnDaoError& onError, Body&& body) {
 // Closes an open recordset; a CDaoException thrown by the close is deleted and not reported.
 void CloseQuietly(CDaoRecordset& recordset);
 
-// --- Inside a locked stretch (all of these throw CDaoException*) ---------------------------------------------------
+// --- Inside a locked stretch (all of these throw CDaoException*)
+// ---------------------------------------------------
 
-// Executes an action statement or DDL through an unnamed query definition, failing on the first error. Returns the
-// number of rows affected.
+// Executes an action statement or DDL through an unnamed query definition, failing on the first error.
+// Returns the number of rows affected.
 long Execute(const CString& statement);
 long ExecuteOn(CDaoDatabase& database, const CString& statement);
 
@@ -107,26 +117,28 @@ class Rows {
     }
     // The field as a 32-bit float.
     bool Number(const char* column, float& field);
-    // The field as a number of the type of `otherwise`, which a NULL gives. For packed records, whose fields a
-    // reference must not bind to: record.size = rows.NumberOr("size", record.size).
+    // The field as a number of the type of `otherwise`, which a NULL gives. For packed records, whose fields
+    // a reference must not bind to: record.size = rows.NumberOr("size", record.size).
     template <class NumberType>
     NumberType NumberOr(const char* column, NumberType otherwise) {
         Number(column, otherwise);
         return otherwise;
     }
 
-    // Copies a text, cut to `size` bytes on a character boundary, with a zero in the last byte at the latest and
-    // zeros behind the text; a NULL leaves `field` as it was and returns false.
+    // Copies a text, cut to `size` bytes on a character boundary, with a zero in the last byte at the latest
+    // and zeros behind the text; a NULL leaves `field` as it was and returns false.
     bool Text(const char* column, char* field, std::size_t size);
     template <std::size_t Size>
-    bool Text(const char* column, char (&field)[Size]) { return Text(column, field, Size); }
+    bool Text(const char* column, char (&field)[Size]) {
+        return Text(column, field, Size);
+    }
 
-    // Copies at most `size` bytes of a text, cut on a character boundary, with zeros behind a shorter one. A text that
-    // fills the field stays without terminator.
+    // Copies at most `size` bytes of a text, cut on a character boundary, with zeros behind a shorter one. A
+    // text that fills the field stays without terminator.
     bool TextUnterminated(const char* column, char* field, std::size_t size);
 
-    // Copies a text whole, terminator included, however long: it may run past its field into what follows, but
-    // never past `end`, the end of the caller's buffer (it is then cut and terminated before `end`).
+    // Copies a text whole, terminator included, however long: it may run past its field into what follows,
+    // but never past `end`, the end of the caller's buffer (it is then cut and terminated before `end`).
     bool TextWhole(const char* column, char* field, const void* end);
 
     // The text as a string; empty and false when NULL.
@@ -137,7 +149,8 @@ class Rows {
     COleVariant value_;
 };
 
-// --- Whole steps -------------------------------------------------------------------------------------------------
+// --- Whole steps
+// -------------------------------------------------------------------------------------------------
 
 // One action statement as a locked stretch of its own. `affected`, where given, receives the number of rows.
 Status Run(const OnDaoError& onError, const CString& statement, long* affected = nullptr);
@@ -146,7 +159,8 @@ Status Run(const OnDaoError& onError, const CString& statement, long* affected =
 Status CountRows(const OnDaoError& onError, const CString& statement, std::uint16_t* count);
 
 // Reads the column Record of a count query; `noRow` when it has no row. `count` is written on success only.
-Status ReadRecordCount(const OnDaoError& onError, const CString& statement, Status noRow, std::int32_t& count);
+Status ReadRecordCount(const OnDaoError& onError, const CString& statement, Status noRow,
+                       std::int32_t& count);
 
 // How a function finds the working table of its kind in the axis's row.
 struct TableLookup {
@@ -173,8 +187,8 @@ struct AxisIdentity {
     std::uint32_t optionCustomSpec = 0;
 };
 
-// Reads the identity of an axis: codeBase + 8 when the axis has no row, codeBase + 9 on a DAO error. Leaves the lock
-// in every case.
+// Reads the identity of an axis: codeBase + 8 when the axis has no row, codeBase + 9 on a DAO error. Leaves
+// the lock in every case.
 Status ReadAxisIdentity(std::int32_t axis, Status codeBase, AxisIdentity& identity);
 
 // The same for functions that have codes of their own for both cases.
@@ -183,8 +197,9 @@ Status ReadAxisIdentity(std::int32_t axis, Status noAxis, const OnDaoError& onEr
 // Drops a working table: codeBase + 7 on a DAO error. Leaves the lock in every case.
 Status DropWorkTable(const CString& table, Status codeBase);
 
-// Builds a short-lived table under a fixed name, uses it and drops it (`dropFailed` on a DAO error), whatever the
-// status of the other two: a table that a killed process left goes with the first call that it makes fail.
+// Builds a short-lived table under a fixed name, uses it and drops it (`dropFailed` on a DAO error), whatever
+// the status of the other two: a table that a killed process left goes with the first call that it makes
+// fail.
 template <class Build, class Use>
 Status WithScratchTable(const CString& table, Status dropFailed, Build&& build, Use&& use) {
     Status status = build();
@@ -193,8 +208,8 @@ Status WithScratchTable(const CString& table, Status dropFailed, Build&& build, 
     return status != kOk ? status : dropped;
 }
 
-// Drops a table that an earlier, failed call may have left, so that it does not stand in the way of the next one.
-// Reports nothing; leaves the lock.
+// Drops a table that an earlier, failed call may have left, so that it does not stand in the way of the next
+// one. Reports nothing; leaves the lock.
 void DropLeftover(const CString& table);
 
 }  // namespace kalo

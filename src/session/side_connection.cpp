@@ -50,13 +50,16 @@ Status CloseSideConnection() {
     return status;
 }
 
-void ForgetSideConnection() { g_side = nullptr; }
+void ForgetSideConnection() {
+    g_side = nullptr;
+}
 
 Status ReadFileVersion(const char* path, FileVersion& file) {
     enum : Status { kNoRow = 0x2BFF103B, kFailed = 0x2BFF103C };
     return Unlocked(DaoCode(kFailed), [&]() -> Status {
-        Rows rows(*g_side, Sql("SELECT [%s], [%s] FROM [mdbname] IN '' [;DATABASE=%s;PWD=mivmiv] WHERE [id] = 1",
-                               "mdb_version", "mdb_status", path));
+        Rows rows(*g_side,
+                  Sql("SELECT [%s], [%s] FROM [mdbname] IN '' [;DATABASE=%s;PWD=mivmiv] WHERE [id] = 1",
+                      "mdb_version", "mdb_status", path));
         if (rows.Empty()) return kNoRow;
         rows.First();
         file.version = VersionOf(rows);
@@ -68,8 +71,9 @@ Status ReadFileVersion(const char* path, FileVersion& file) {
 Status ReadShippedVersion(const char* path, CString& version) {
     enum : Status { kNoRow = 0x2BFF1037, kFailed = 0x2BFF1038 };
     return Unlocked(DaoCode(kFailed), [&]() -> Status {
-        Rows rows(*g_side,
-                  Sql("SELECT [mdb_version] FROM [mdbname] IN '' [;DATABASE=%s;PWD=mivmiv] WHERE [id] = 1", path));
+        Rows rows(
+            *g_side,
+            Sql("SELECT [mdb_version] FROM [mdbname] IN '' [;DATABASE=%s;PWD=mivmiv] WHERE [id] = 1", path));
         if (rows.Empty()) return kNoRow;
         rows.First();
         version = VersionOf(rows);
@@ -80,8 +84,8 @@ Status ReadShippedVersion(const char* path, CString& version) {
 Status StampFile(const char* name, const char* column, const char* value) {
     enum : Status { kFailed = 0x2BFF103E };
     return Unlocked(DaoCode(kFailed), [&] {
-        ExecuteOn(*g_side,
-                  Sql("UPDATE [mdbname] SET [mdbname] = \"%s\", [%s] = \"%s\" WHERE [id] = 1", name, column, value));
+        ExecuteOn(*g_side, Sql("UPDATE [mdbname] SET [mdbname] = \"%s\", [%s] = \"%s\" WHERE [id] = 1", name,
+                               column, value));
         return kOk;
     });
 }

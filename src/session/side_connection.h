@@ -4,8 +4,8 @@
 
 #include "session/status.h"
 
-// A second connection, which inspects and stamps a database file while no session is open on it. It stays outside
-// the session's lock.
+// A second connection, which inspects and stamps a database file while no session is open on it. It stays
+// outside the session's lock.
 namespace kalo {
 
 // Opens the side connection on a file; one that is still open is closed first.

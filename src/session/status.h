@@ -9,8 +9,8 @@ using Status = std::uint32_t;
 
 constexpr Status kOk = 0;
 
-// What a locked stretch answers when a CDaoException is caught in it. After a caught exception the lock stays held
-// by the calling thread, unless the stretch says that it leaves it.
+// What a locked stretch answers when a CDaoException is caught in it. After a caught exception the lock stays
+// held by the calling thread, unless the stretch says that it leaves it.
 class OnDaoError {
   public:
     constexpr OnDaoError(Status base, bool addsNumber, bool leavesLock)
@@ -31,9 +31,13 @@ class OnDaoError {
 };
 
 // `base` + the DAO error number; keeps the lock.
-constexpr OnDaoError DaoBase(Status base) { return {base, true, false}; }
+constexpr OnDaoError DaoBase(Status base) {
+    return {base, true, false};
+}
 
 // `code` without the DAO error number; keeps the lock.
-constexpr OnDaoError DaoCode(Status code) { return {code, false, false}; }
+constexpr OnDaoError DaoCode(Status code) {
+    return {code, false, false};
+}
 
 }  // namespace kalo

@@ -12,7 +12,9 @@ namespace {
 
 constexpr std::uint16_t kJapanese = 1;
 
-const char* ShippedName(std::uint16_t language) { return language == kJapanese ? "IdeInfoJ.mdb" : "IdeInfo.mdb"; }
+const char* ShippedName(std::uint16_t language) {
+    return language == kJapanese ? "IdeInfoJ.mdb" : "IdeInfo.mdb";
+}
 
 // True when the working file is at most twice as large as the shipped one; both have to exist.
 bool SizesFit(const CString& workingFile, const CString& shippedFile) {

@@ -24,7 +24,8 @@ constexpr const char* kShippedTables[] = {
     "CREATE TABLE [tavroindexerwizhelp] ([id] LONG)",
     "CREATE TABLE [tavrowinMonitorID] ([monitor_id] LONG, [monitor_name_id] LONG, [monitor_name] TEXT(50))",
     "INSERT INTO [tavrowinMonitorID] VALUES (1,71,NULL)",
-    "CREATE TABLE [tavroindexerMonitorID] ([monitor_id] LONG, [monitor_name_id] LONG, [monitor_name] TEXT(50))",
+    "CREATE TABLE [tavroindexerMonitorID] ([monitor_id] LONG, [monitor_name_id] LONG, [monitor_name] "
+    "TEXT(50))",
     "CREATE TABLE [monname] ([mon_name_id] LONG, [country_id] LONG, [monitor_name] TEXT(50))",
     "INSERT INTO [monname] VALUES (71,0,'Speed')",
     "INSERT INTO [monname] VALUES (71,1,'Sokudo')",
@@ -80,7 +81,8 @@ TEST_F(LifecycleTest, OpensAndClosesASession) {
 
     EXPECT_EQ(StatusInFile(), "Close\n");
     Connect();
-    for (const char* table : {"model", "help", "wizhelp", "MonitorID"}) EXPECT_FALSE(TableExists(table)) << table;
+    for (const char* table : {"model", "help", "wizhelp", "MonitorID"})
+        EXPECT_FALSE(TableExists(table)) << table;
 }
 
 TEST_F(LifecycleTest, ModesChooseTheBaseTables) {
@@ -133,7 +135,8 @@ TEST_F(LifecycleTest, RenewsAFileThatIsTooLargeMissingOrUnreadable) {
     Connect();
     Execute({"CREATE TABLE [ballast] ([text] MEMO)"});
     const std::string kilobytes(4000, 'x');
-    for (int i = 0; i < 100; ++i) Execute({"INSERT INTO [ballast] VALUES ('" + kilobytes + "')"});
+    for (int i = 0; i < 100; ++i)
+        Execute({"INSERT INTO [ballast] VALUES ('" + kilobytes + "')"});
     Disconnect();
     ASSERT_GT(fs::file_size(WorkingFile()), 2 * fs::file_size(ShippedFile()));
     EXPECT_TRUE(CopyRenews());
@@ -182,8 +185,8 @@ TEST_F(LifecycleTest, AFailedOpenAnswersAsClosedUntilKaloClose) {
     EXPECT_EQ(KaloGetUParaNum(1, &count), 0x2A000067u) << "without any database object";
 }
 
-// A second open reopens the file under the same object and meets the first one's tables; the close then finds as many
-// tables as it expects, and the file says "Close" although they are still there.
+// A second open reopens the file under the same object and meets the first one's tables; the close then finds
+// as many tables as it expects, and the file says "Close" although they are still there.
 TEST_F(LifecycleTest, ASecondOpenLeavesTheSessionsTablesBehind) {
     ShipSmallFile();
     ASSERT_EQ(KaloOpen(0), 0u);
@@ -257,19 +260,19 @@ TEST_F(LifecycleTest, FailingEngineCalls) {
                   .regions = {Leaving(Base(0x2B020000))},
                   .swallowsSome = true,
                   .onceOnly = true,
-                  .prepare =
-                      [this] {
-                          KaloClose();
-                          RestoreDatabase();
-                          Disconnect();
-                          KaloOpen(0);
-                      }});
+                  .prepare = [this] {
+                      KaloClose();
+                      RestoreDatabase();
+                      Disconnect();
+                      KaloOpen(0);
+                  }});
     RestoreDatabase();
     char name[KALO_MDB_NAME_SIZE];
     ExpectFaults({.call = [&] { return KaloGetMdbName(name); }, .regions = {Code(0x2BFF0127)}});
 }
 
-// Whatever fails while the working file is looked at, it is made anew; a new copy that cannot be stamped is an error.
+// Whatever fails while the working file is looked at, it is made anew; a new copy that cannot be stamped is
+// an error.
 TEST_F(LifecycleTest, FailingEngineCallsOfACopy) {
     ShipSmallFile();
     ExpectFaults({.call = [] { return KaloCopy(0); },

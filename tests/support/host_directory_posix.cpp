@@ -9,6 +9,8 @@ std::filesystem::path SetHostDirectory(const std::filesystem::path& wanted) {
     return wanted;
 }
 
-void ResetHostDirectory() { SetHostProgramPath({}); }
+void ResetHostDirectory() {
+    SetHostProgramPath({});
+}
 
 }  // namespace support

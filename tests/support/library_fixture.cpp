@@ -28,14 +28,22 @@ std::string FieldText(CDaoRecordset& rows, int column) {
     COleVariant value;
     rows.GetFieldValue(column, value);
     switch (V_VT(&value)) {
-        case VT_NULL: return "-";
-        case VT_BSTR: return V_BSTRT(&value);
-        case VT_UI1: return std::to_string(V_UI1(&value));
-        case VT_I2: return std::to_string(V_I2(&value));
-        case VT_BOOL: return std::to_string(V_BOOL(&value));
-        case VT_R4: return std::to_string(V_R4(&value));
-        case VT_R8: return std::to_string(V_R8(&value));
-        default: return std::to_string(V_I4(&value));
+        case VT_NULL:
+            return "-";
+        case VT_BSTR:
+            return V_BSTRT(&value);
+        case VT_UI1:
+            return std::to_string(V_UI1(&value));
+        case VT_I2:
+            return std::to_string(V_I2(&value));
+        case VT_BOOL:
+            return std::to_string(V_BOOL(&value));
+        case VT_R4:
+            return std::to_string(V_R4(&value));
+        case VT_R8:
+            return std::to_string(V_R8(&value));
+        default:
+            return std::to_string(V_I4(&value));
     }
 }
 
@@ -103,7 +111,8 @@ void LibraryTest::UseDatabase(std::span<const char* const> statements) {
     Disconnect();
     daoengine::CreateDatabaseFile(WorkingFile(), kPassword);
     Connect();
-    for (const char* statement : statements) Execute({statement});
+    for (const char* statement : statements)
+        Execute({statement});
 }
 
 void LibraryTest::UseDatabase(std::initializer_list<const char*> statements) {
@@ -111,7 +120,8 @@ void LibraryTest::UseDatabase(std::initializer_list<const char*> statements) {
 }
 
 void LibraryTest::ShipSample(const std::string& sample) {
-    fs::copy_file(fs::path(KALO_SAMPLE_DIR) / sample, ShippedFile(sample), fs::copy_options::overwrite_existing);
+    fs::copy_file(fs::path(KALO_SAMPLE_DIR) / sample, ShippedFile(sample),
+                  fs::copy_options::overwrite_existing);
 }
 
 void LibraryTest::OpenSession(std::uint16_t country, const std::string& sample) {
@@ -162,7 +172,8 @@ std::string LibraryTest::Dump(const std::string& select) {
 
 int LibraryTest::DaoErrorOf(const std::string& statement) {
     const bool reads = statement.starts_with("SELECT") && statement.find(" INTO ") == std::string::npos;
-    return Caught([&] { reads ? void(ReadRows(statement)) : RunStatement(*kalo::Database(), statement); }).first;
+    return Caught([&] { reads ? void(ReadRows(statement)) : RunStatement(*kalo::Database(), statement); })
+        .first;
 }
 
 bool LibraryTest::TableExists(const std::string& table) {
@@ -180,7 +191,8 @@ bool LibraryTest::LockIsFree() {
 
 int LibraryTest::ReleaseLock() {
     int depth = 0;
-    for (; !LockIsFree(); ++depth) kalo::LeaveLock();
+    for (; !LockIsFree(); ++depth)
+        kalo::LeaveLock();
     return depth;
 }
 
@@ -214,7 +226,8 @@ void LibraryTest::FailEveryCall(const FaultCase& fault, bool everAfter) {
         if (!failed) {
             EXPECT_EQ(status, 0u) << "nothing failed";
             EXPECT_EQ(depth, 0) << "nothing failed";
-            EXPECT_TRUE(fault.regions.empty() || *expected == fault.regions.back()) << "a region was not reached";
+            EXPECT_TRUE(fault.regions.empty() || *expected == fault.regions.back())
+                << "a region was not reached";
             return;
         }
         if (status == 0 && fault.swallowsSome) continue;

@@ -35,7 +35,8 @@ class Guarded {
     }
     bool Untouched() const {
         const auto* const bytes = reinterpret_cast<const unsigned char*>(&record);
-        return std::all_of(bytes, bytes + sizeof(Record), [this](unsigned char byte) { return byte == fill_; });
+        return std::all_of(bytes, bytes + sizeof(Record),
+                           [this](unsigned char byte) { return byte == fill_; });
     }
 
   private:
@@ -59,22 +60,28 @@ struct FaultRegion {
     friend bool operator==(const FaultRegion&, const FaultRegion&) = default;
 };
 
-inline FaultRegion Code(KaloStatus code) { return {code, false, false}; }
-inline FaultRegion Base(KaloStatus base) { return {base, true, false}; }
-inline FaultRegion Leaving(FaultRegion region) { return {region.base, region.addsNumber, true}; }
+inline FaultRegion Code(KaloStatus code) {
+    return {code, false, false};
+}
+inline FaultRegion Base(KaloStatus base) {
+    return {base, true, false};
+}
+inline FaultRegion Leaving(FaultRegion region) {
+    return {region.base, region.addsNumber, true};
+}
 
 // A function whose every engine call is made to fail, one after another.
 struct FaultCase {
     std::function<KaloStatus()> call;
-    std::vector<FaultRegion> regions;  // in the order in which the call reaches them
-    bool swallowsSome = false;            // some failures are not reported: the call may succeed all the same
-    bool onceOnly = false;                // do not let the later calls fail too
-    std::function<void()> prepare = {};   // before each call; nothing by default
-    std::function<void()> check = {};     // after each call; nothing by default
+    std::vector<FaultRegion> regions;    // in the order in which the call reaches them
+    bool swallowsSome = false;           // some failures are not reported: the call may succeed all the same
+    bool onceOnly = false;               // do not let the later calls fail too
+    std::function<void()> prepare = {};  // before each call; nothing by default
+    std::function<void()> check = {};    // after each call; nothing by default
 };
 
-// The library on a database in a directory of its own. Every test starts with a freshly loaded library without a
-// database, and none is left behind.
+// The library on a database in a directory of its own. Every test starts with a freshly loaded library
+// without a database, and none is left behind.
 class LibraryTest : public testing::Test {
   protected:
     LibraryTest();
@@ -123,8 +130,9 @@ class LibraryTest : public testing::Test {
     // Unloads the library and loads it again.
     static void ReloadLibrary();
 
-    // Fails the 1st, 2nd, 3rd … engine call of a function, once and ever after, until it completes. Checks that
-    // every status is that of a region, in order, that the lock is as the region says and that nothing stays open.
+    // Fails the 1st, 2nd, 3rd … engine call of a function, once and ever after, until it completes. Checks
+    // that every status is that of a region, in order, that the lock is as the region says and that nothing
+    // stays open.
     void ExpectFaults(const FaultCase& fault);
 
   private:
