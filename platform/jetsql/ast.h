@@ -69,6 +69,7 @@ struct Expression {
     Operator op = Operator::None;
     AggregateFunction function = AggregateFunction::Count;
     bool negated = false;  // NOT IN, NOT LIKE, NOT BETWEEN, IS NOT NULL
+    int depth = 1;         // of the tree below
     LiteralValue literal;
     std::string table;                    // qualifier of a column, or empty
     std::string name;                     // of a column
@@ -136,7 +137,7 @@ struct Assignment {
 };
 
 struct Update {
-    SourcePtr source;
+    std::vector<SourcePtr> from;
     std::vector<Assignment> assignments;
     ExpressionPtr where;
 };

@@ -132,7 +132,8 @@ void ExpressionPrinter::FailMismatch() const {
 }
 
 void ExpressionPrinter::CheckComparable(const Operand& left, const Operand& right) const {
-    if (!Comparable(left.type, right.type)) FailMismatch();
+    const bool constants = left.constant && right.constant;  // of different types, they are just unequal
+    if (!constants && !Comparable(left.type, right.type)) FailMismatch();
 }
 
 Operand ExpressionPrinter::Print(const Expression& expression) {
@@ -184,6 +185,7 @@ Operand ExpressionPrinter::PrintLiteral(const LiteralValue& literal) {
     std::string sql =
         literal.ordinal == kInPlace ? InPlaceText(literal.value) : '?' + std::to_string(literal.ordinal + 1);
     Operand operand = Atom(std::move(sql), Known(LiteralType(literal.kind)));
+    operand.constant = true;
     if (literal.ordinal == kInPlace && literal.kind != TokenKind::Text)
         operand.tightness = Tightness::Arithmetic;
     return operand;

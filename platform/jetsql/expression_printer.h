@@ -16,6 +16,7 @@ struct Operand {
     Tightness tightness = Tightness::Atom;
     bool condition = false;  // SQLite's 1 and 0 for true and false, where Jet has -1 and 0
     bool column = false;     // carries the collation of its declaration
+    bool constant = false;   // a literal
     bool nullable = false;   // a column of an outer-joined source
 };
 

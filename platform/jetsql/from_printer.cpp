@@ -10,6 +10,8 @@
 namespace jetsql {
 namespace {
 
+constexpr std::size_t kMostTables = 32;
+
 // The sources that a node of the join tree covers, as a range of the scope.
 struct Range {
     std::size_t first, last;
@@ -60,6 +62,7 @@ void FromPrinter::Bind(const Source& source) {
             Fail(kSameSourceName, "Cannot join more than one table with the same name ('" + name + "').");
         }
         BindLeaf(source);
+        if (scope_.Size() > kMostTables) Fail(kTooComplex, "Query is too complex: too many tables.");
     }
     ranges_[&source] = {first, scope_.Size()};
     if (source.IsJoin() && source.join == JoinKind::Left) MarkNullable(*source.right);
@@ -201,13 +204,6 @@ FromText PrintFrom(Binding& binding, Scope& scope, const std::vector<SourcePtr>&
     FromPrinter printer(binding, scope, external);
     for (const SourcePtr& source : from)
         printer.Add(*source);
-    return printer.Take();
-}
-
-FromText PrintFrom(Binding& binding, Scope& scope, const Source& source) {
-    const std::optional<ExternalDatabase> none;
-    FromPrinter printer(binding, scope, none);
-    printer.Add(source);
     return printer.Take();
 }
 

@@ -18,7 +18,6 @@ struct FromText {
 // Binds the sources into `scope`, in the order in which they are written, and prints them.
 FromText PrintFrom(Binding& binding, Scope& scope, const std::vector<SourcePtr>& from,
                    const std::optional<ExternalDatabase>& external);
-FromText PrintFrom(Binding& binding, Scope& scope, const Source& source);
 
 // ` WHERE …` of the left-over conditions and the clause's own, or nothing.
 std::string WhereClause(const std::vector<std::string>& conditions, const std::string& where);

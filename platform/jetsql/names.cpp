@@ -50,6 +50,12 @@ void CheckName(std::string_view name) {
     }
 }
 
+void CheckNewTableName(std::string_view name) {
+    constexpr std::string_view kReserved = "sqlite_";
+    if (!SameName(name.substr(0, kReserved.size()), kReserved)) return;
+    Fail(kBadName, "'" + std::string(name) + "' is not a valid name for a table.");
+}
+
 std::string Quoted(std::string_view name) {
     return QuotedWith(name, '"');
 }

@@ -14,6 +14,9 @@ std::string FoldedName(std::string_view name);
 // Refuses what cannot be a name: 3125, or 3126 where the brackets are at fault.
 void CheckName(std::string_view name);
 
+// Refuses names that SQLite keeps for itself: 3125.
+void CheckNewTableName(std::string_view name);
+
 // A name or a text as SQLite writes it.
 std::string Quoted(std::string_view name);
 std::string QuotedText(std::string_view text);

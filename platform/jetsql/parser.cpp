@@ -9,6 +9,23 @@ namespace {
 constexpr int kMaximumNesting = 80;  // SQLite's parser holds 100 open symbols
 constexpr std::size_t kMaximumTokens = 100000;
 
+// Words that mean something in definitions alone; columns may be named like them.
+bool IsDefinitionWord(Keyword keyword) {
+    switch (keyword) {
+        case Keyword::Add:
+        case Keyword::Column:
+        case Keyword::Constraint:
+        case Keyword::Index:
+        case Keyword::Key:
+        case Keyword::Primary:
+        case Keyword::Unique:
+        case Keyword::With:
+            return true;
+        default:
+            return false;
+    }
+}
+
 }  // namespace
 
 Parser::Nesting::Nesting(Parser& parser, int weight) : parser_(parser), weight_(weight) {
@@ -67,8 +84,9 @@ void Parser::Expect(Symbol symbol) {
 
 bool Parser::IsName() const {
     const Token& token = Peek();
-    return token.kind == TokenKind::Bracketed ||
-           (token.kind == TokenKind::Word && token.keyword == Keyword::None);
+    if (token.kind == TokenKind::Bracketed) return true;
+    return token.kind == TokenKind::Word &&
+           (token.keyword == Keyword::None || IsDefinitionWord(token.keyword));
 }
 
 // A word that means something in one place only and may be a name elsewhere.

@@ -42,7 +42,7 @@ Statement Parser::ParseUpdate() {
     place_ = kUpdateSyntax;
     Expect(Keyword::Update);
     Update update;
-    update.source = ParseSource();
+    update.from = ParseSources();
     place_ = kUpdateSyntax;
     Expect(Keyword::Set);
     do {

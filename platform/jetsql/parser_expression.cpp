@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "jetsql/errors.h"
 #include "jetsql/names.h"
 #include "jetsql/parser.h"
@@ -8,7 +10,7 @@ namespace {
 constexpr int kExpressionWeight = 3;  // symbols that SQLite's parser holds open for one nested operator
 constexpr int kSubqueryWeight = 10;
 constexpr std::size_t kLongestChain = 20000;
-constexpr int kLongestArithmetic = 200;
+constexpr int kDeepestExpression = 100;
 constexpr int kBinaryLevels = 4;
 
 ExpressionPtr Make(ExpressionKind kind) {
@@ -17,10 +19,16 @@ ExpressionPtr Make(ExpressionKind kind) {
     return expression;
 }
 
+void AddOperand(Expression& expression, ExpressionPtr operand) {
+    expression.depth = std::max(expression.depth, operand->depth + 1);
+    if (expression.depth > kDeepestExpression) Fail(kTooComplex, "Query is too complex.");
+    expression.operands.push_back(std::move(operand));
+}
+
 ExpressionPtr MakeOver(ExpressionKind kind, ExpressionPtr first, ExpressionPtr second = nullptr) {
     auto expression = Make(kind);
-    expression->operands.push_back(std::move(first));
-    if (second) expression->operands.push_back(std::move(second));
+    AddOperand(*expression, std::move(first));
+    if (second) AddOperand(*expression, std::move(second));
     return expression;
 }
 
@@ -88,7 +96,7 @@ ExpressionPtr Parser::ParseChain(ExpressionKind kind, Keyword keyword, Expressio
     if (!Is(keyword)) return first;
     ExpressionPtr chain = MakeOver(kind, std::move(first));
     while (Accept(keyword)) {
-        chain->operands.push_back((this->*operand)());
+        AddOperand(*chain, (this->*operand)());
         if (chain->operands.size() > kLongestChain) Fail(kTooComplex, "Query is too complex.");
     }
     return chain;
@@ -163,7 +171,7 @@ ExpressionPtr Parser::ParseIn(ExpressionPtr left) {
     Expect(Symbol::Open);
     const Nesting nesting(*this, kExpressionWeight);
     do {
-        in->operands.push_back(ParseExpression());
+        AddOperand(*in, ParseExpression());
     } while (Accept(Symbol::Comma));
     Expect(Symbol::Close);
     return in;
@@ -172,7 +180,7 @@ ExpressionPtr Parser::ParseIn(ExpressionPtr left) {
 ExpressionPtr Parser::ParseBetween(ExpressionPtr left) {
     ExpressionPtr between = MakeOver(ExpressionKind::Between, std::move(left), ParseConcat());
     Expect(Keyword::And);
-    between->operands.push_back(ParseConcat());
+    AddOperand(*between, ParseConcat());
     return between;
 }
 
@@ -186,8 +194,7 @@ ExpressionPtr Parser::ParseIsNull(ExpressionPtr left) {
 
 ExpressionPtr Parser::ParseConcat() {
     ExpressionPtr left = ParseBinary(0);
-    for (int length = 0; Accept(Symbol::Ampersand); ++length) {
-        if (length > kLongestArithmetic) Fail(kTooComplex, "Query is too complex.");
+    while (Accept(Symbol::Ampersand)) {
         left = MakeOver(ExpressionKind::Concat, std::move(left), ParseBinary(0));
     }
     return left;
@@ -196,10 +203,9 @@ ExpressionPtr Parser::ParseConcat() {
 ExpressionPtr Parser::ParseBinary(int level) {
     if (level == kBinaryLevels) return ParseUnary();
     ExpressionPtr left = ParseBinary(level + 1);
-    for (int length = 0;; ++length) {
+    for (;;) {
         const Operator op = BinaryOperatorOf(Peek(), level);
         if (op == Operator::None) return left;
-        if (length > kLongestArithmetic) Fail(kTooComplex, "Query is too complex.");
         Take();
         left = MakeOver(ExpressionKind::Arithmetic, std::move(left), ParseBinary(level + 1));
         left->op = op;
@@ -268,7 +274,7 @@ ExpressionPtr Parser::ParseCall() {
     Expect(Symbol::Open);
     const Nesting nesting(*this, kExpressionWeight);
     if (call->function != AggregateFunction::Count || !Accept(Symbol::Star))
-        call->operands.push_back(ParseExpression());
+        AddOperand(*call, ParseExpression());
     Expect(Symbol::Close);
     return call;
 }

@@ -11,6 +11,8 @@ namespace {
 
 using Clause = ExpressionPrinter::Clause;
 
+constexpr std::size_t kMostFields = 255;
+
 bool HasColumn(const Expression& expression) {
     if (expression.kind == ExpressionKind::Column || expression.kind == ExpressionKind::Aggregate ||
         expression.select) {
@@ -37,7 +39,7 @@ class SelectPrinter {
     void AddStar(const SelectColumn& column);
     void AddSource(const BoundSource& source);
     void AddItem(const SelectColumn& column);
-    bool IsAggregated() const;
+    bool HasAggregates() const;
     void CheckGrouped(const Expression& expression) const;
     void PrintOrder();
     void AddKey(const OrderItem& item);
@@ -59,8 +61,8 @@ Operand SelectPrinter::Value(const Expression& expression, Clause clause) {
     return ExpressionPrinter(binding_, scope_, clause).Value(expression);
 }
 
-bool SelectPrinter::IsAggregated() const {
-    if (!select_.groupBy.empty() || select_.having) return true;
+bool SelectPrinter::HasAggregates() const {
+    if (select_.having && HasAggregate(*select_.having)) return true;
     return std::any_of(select_.columns.begin(), select_.columns.end(), [](const SelectColumn& column) {
         return column.expression && HasAggregate(*column.expression);
     });
@@ -74,7 +76,7 @@ SelectText SelectPrinter::Print() {
     text_.tail = select_.from.empty() ? "" : " FROM " + from.sql;
     text_.tail += WhereClause(from.conditions, text_.where);
     text_.distinct = select_.distinct;
-    text_.grouped = IsAggregated();
+    text_.grouped = !select_.groupBy.empty() || select_.having || HasAggregates();
     text_.top = select_.top;
     text_.singleRow = (text_.grouped && select_.groupBy.empty()) || select_.from.empty() || select_.top == 1;
     PrintGroupBy(text_.tail);
@@ -96,7 +98,7 @@ void SelectPrinter::PrintGroupBy(std::string& tail) {
     }
     if (!select_.having) return;
     CheckGrouped(*select_.having);
-    if (select_.groupBy.empty()) tail += " GROUP BY NULL";
+    if (select_.groupBy.empty() && !HasAggregates()) tail += " GROUP BY NULL";
     tail += " HAVING " + ExpressionPrinter(binding_, scope_, Clause::Having).Condition(*select_.having);
 }
 
@@ -122,6 +124,7 @@ void SelectPrinter::PrintItems() {
         } else {
             AddStar(column);
         }
+        if (text_.items.size() > kMostFields) Fail(kTooManyFields, "Too many fields defined.");
     }
 }
 

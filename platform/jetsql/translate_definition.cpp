@@ -58,6 +58,7 @@ Translation& Define(Binding& binding, StatementKind kind, const std::string& tar
 
 void TranslateDefinition(Binding& binding, const CreateTable& create) {
     Translation& result = Define(binding, StatementKind::CreateTable, create.table.name);
+    CheckNewTableName(create.table.name);
     if (binding.catalogue.FindTable(create.table.name) != nullptr) {
         Fail(kTableExists, "Table '" + create.table.name + "' already exists.");
     }

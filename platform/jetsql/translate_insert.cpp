@@ -114,7 +114,8 @@ std::string StoredRows(SelectText text, const Targets& targets, const std::strin
     }
     if (!counterBase.empty()) {
         SelectItem number;
-        number.sql = counterBase + " + row_number() OVER (" + OrderClause(text.order) + ')';
+        number.sql = counterBase + " + row_number() OVER (" +
+                     OrderClause(text.order).substr(text.order.empty() ? 0 : 1) + ')';
         text.items.push_back(std::move(number));
     }
     return text.Ordered();

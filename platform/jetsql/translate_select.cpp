@@ -8,7 +8,6 @@
 namespace jetsql {
 namespace {
 
-constexpr std::size_t kMostFields = 255;
 constexpr int kNewTextSize = 255;
 
 // The equality lookups of a SELECT over one table, found among the conditions that WHERE joins by AND.
@@ -96,6 +95,7 @@ jet::Column NewColumn(const OutputColumn& output, bool counter) {
 
 // The table that SELECT … INTO makes: the outputs' types and sizes, no index.
 void DefineNewTable(Binding& binding, const Select& select, const SelectText& text) {
+    CheckNewTableName(select.into);
     const jet::Table* existing = binding.catalogue.FindTable(select.into);
     Translation& result = binding.result;
     if (existing != nullptr) {
@@ -106,7 +106,6 @@ void DefineNewTable(Binding& binding, const Select& select, const SelectText& te
         }
         Fail(kTableExists, "Table '" + existing->name + "' already exists.");
     }
-    if (result.columns.size() > kMostFields) Fail(kTooManyFields, "Too many fields defined.");
     const bool single = select.from.size() == 1 && !select.from[0]->IsJoin();
     std::set<std::string> names;
     for (std::size_t i = 0; i < result.columns.size(); ++i) {

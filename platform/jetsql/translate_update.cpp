@@ -46,7 +46,7 @@ class UpdatePrinter {
 };
 
 void UpdatePrinter::Print() {
-    from_ = PrintFrom(binding_, scope_, *update_.source);
+    from_ = PrintFrom(binding_, scope_, update_.from, std::nullopt);
     PrintAssignments();
     if (update_.where) where_ = ExpressionPrinter(binding_, scope_, Clause::Where).Condition(*update_.where);
     where_ = WhereClause(from_.conditions, where_);
@@ -103,17 +103,19 @@ std::vector<OrderKey> UpdatePrinter::MatchOrder() const {
     return order;
 }
 
-// The target rows with the last match of each. Only row numbers are grouped; the values are read by them afterwards,
-// so that what SQLite sorts and indexes on the way stays narrow.
+// The target rows with the last match of each. Only row numbers are grouped; the values are read by them
+// afterwards, so that what SQLite sorts and indexes on the way stays narrow.
 std::string UpdatePrinter::LastMatches() const {
     const BoundSource* joined = OnlyJoinedTable();
     if (joined == nullptr) return RankedMatches();
     std::string sql = "SELECT q.r AS r";
-    for (std::size_t i = 0; i < values_.size(); ++i) sql += ", " + values_[i].sql + " AS v" + std::to_string(i + 1);
-    sql += " FROM (SELECT " + target_->rowid + " AS r, max(" + joined->rowid + ") AS n FROM " + from_.sql + where_ +
-           " GROUP BY " + target_->rowid + ") AS q";
+    for (std::size_t i = 0; i < values_.size(); ++i)
+        sql += ", " + values_[i].sql + " AS v" + std::to_string(i + 1);
+    sql += " FROM (SELECT " + target_->rowid + " AS r, max(" + joined->rowid + ") AS n FROM " + from_.sql +
+           where_ + " GROUP BY " + target_->rowid + ") AS q";
     if (ReadsOldValues()) sql += " JOIN " + target_->from + " ON " + target_->rowid + " = q.r";
-    return sql + (joined->nullable ? " LEFT JOIN " : " JOIN ") + joined->from + " ON " + joined->rowid + " = q.n";
+    return sql + (joined->nullable ? " LEFT JOIN " : " JOIN ") + joined->from + " ON " + joined->rowid +
+           " = q.n";
 }
 
 // The table that the target is joined to, when it is one table alone.
@@ -125,18 +127,19 @@ const BoundSource* UpdatePrinter::OnlyJoinedTable() const {
 
 bool UpdatePrinter::ReadsOldValues() const {
     const std::string qualifier = target_->alias + '.';
-    return std::any_of(values_.begin(), values_.end(), [&](const NewValue& value) {
-        return value.sql.find(qualifier) != std::string::npos;
-    });
+    return std::any_of(values_.begin(), values_.end(),
+                       [&](const NewValue& value) { return value.sql.find(qualifier) != std::string::npos; });
 }
 
 std::string UpdatePrinter::RankedMatches() const {
     std::vector<OrderKey> order = MatchOrder();
-    for (OrderKey& key : order) key.descending = !key.descending;
+    for (OrderKey& key : order)
+        key.descending = !key.descending;
     std::string sql = "SELECT * FROM (SELECT " + target_->rowid + " AS r";
-    for (std::size_t i = 0; i < values_.size(); ++i) sql += ", " + values_[i].sql + " AS v" + std::to_string(i + 1);
-    return sql + ", row_number() OVER (PARTITION BY " + target_->rowid + OrderClause(order) + ") AS place FROM " +
-           from_.sql + where_ + ") WHERE place = 1";
+    for (std::size_t i = 0; i < values_.size(); ++i)
+        sql += ", " + values_[i].sql + " AS v" + std::to_string(i + 1);
+    return sql + ", row_number() OVER (PARTITION BY " + target_->rowid + OrderClause(order) +
+           ") AS place FROM " + from_.sql + where_ + ") WHERE place = 1";
 }
 
 std::string UpdatePrinter::OverJoin() const {

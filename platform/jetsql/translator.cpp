@@ -1,10 +1,15 @@
 #include "jetsql/translator.h"
 
+#include "jetsql/errors.h"
 #include "jetsql/parser.h"
 #include "jetsql/statement_printers.h"
 
 namespace jetsql {
 namespace {
+
+// SQLite's own limits.
+constexpr std::size_t kMostParameters = 32000;
+constexpr std::size_t kLongestText = 900000;
 
 struct Dispatcher {
     Binding& binding;
@@ -27,8 +32,10 @@ Translation Translate(std::string_view statement, Catalogue& catalogue) {
     Translation result;
     Binding binding(catalogue, result);
     binding.literals = parser.LiteralCount();
+    if (binding.literals > kMostParameters) Fail(kTooComplex, "Query is too complex.");
     std::visit(Dispatcher{binding}, tree);
     binding.RefuseUnknown();
+    if (result.sql.size() > kLongestText) Fail(kTooComplex, "Query is too complex.");
     return result;
 }
 
