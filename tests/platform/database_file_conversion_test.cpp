@@ -124,17 +124,6 @@ TEST_F(Conversion, OriginalStaysBesideInPlaceOfAnOlderOne) {
     EXPECT_EQ(support::ReadFile(path_ + ".jet"), second);
 }
 
-TEST_F(Conversion, KeepsPermissionsAndFollowsLinks) {
-    const std::string real = directory_.File("real.mdb");
-    support::WriteFile(real, support::SmallJetFile(FileKind::Jet4, "x"));
-    fs::permissions(real, fs::perms::owner_read | fs::perms::owner_write);
-    fs::create_symlink(real, path_);
-    Open()->Engine();
-    EXPECT_TRUE(fs::is_symlink(path_));
-    EXPECT_EQ(fs::status(real).permissions(), fs::perms::owner_read | fs::perms::owner_write);
-    EXPECT_TRUE(fs::exists(real + ".jet"));
-}
-
 TEST_F(Conversion, JournalsOfAnEarlierFileAreRemoved) {
     support::WriteFile(path_, support::SmallJetFile(FileKind::Jet4, "x"));
     for (const char* const suffix : {"-wal", "-shm", "-journal"})

@@ -268,6 +268,17 @@ TEST_F(Processes, FileOpenInAnotherProcessIsNeitherRemovedNorRenewed) {
     close(opened[1]);
 }
 
+TEST_F(Processes, ConversionKeepsPermissionsAndFollowsLinks) {
+    const std::string real = directory_.File("real.mdb");
+    support::WriteFile(real, support::SmallJetFile(FileKind::Jet4, "x"));
+    fs::permissions(real, fs::perms::owner_read | fs::perms::owner_write);
+    fs::create_symlink(real, path_);
+    DatabaseFile::Open(path_, false, false, "")->Engine();
+    EXPECT_TRUE(fs::is_symlink(path_));
+    EXPECT_EQ(fs::status(real).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_TRUE(fs::exists(real + ".jet"));
+}
+
 // --- Without the right or the room to write
 // ----------------------------------------------------------------------
 
