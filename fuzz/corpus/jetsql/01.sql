@@ -1,0 +1,1 @@
+SELECT * FROM [w] WHERE [name] = "x" AND id >= -1 ORDER BY [order] DESC, 1

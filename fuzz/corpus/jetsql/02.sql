@@ -1,0 +1,1 @@
+SELECT DISTINCT name AS [n], value FROM w WHERE value BETWEEN 1 AND 2.5 OR NOT flag = TRUE ORDER BY n

@@ -1,0 +1,1 @@
+SELECT COUNT (*) AS [Record], MAX(name), SUM(price) FROM w GROUP BY flag HAVING COUNT(*) > 1

@@ -1,0 +1,1 @@
+SELECT TOP 3 a.*, b.n FROM (w AS a LEFT JOIN d AS b ON a.id = b.id) LEFT JOIN d AS c ON b.n = c.n WHERE a.name LIKE "a*[!b]#?" ORDER BY b.n

@@ -1,0 +1,1 @@
+SELECT a.id FROM w a LEFT JOIN (d b LEFT JOIN d c ON b.id = c.id) ON a.id = b.id

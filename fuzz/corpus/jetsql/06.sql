@@ -1,0 +1,1 @@
+SELECT id & "-" & name, value \ 2, value MOD 3, -value / 7 FROM w WHERE when > #1/2/2003 4:05 PM#

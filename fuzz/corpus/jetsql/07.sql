@@ -1,0 +1,1 @@
+SELECT * INTO fresh FROM w, d WHERE w.id = d.id ORDER BY d.name

@@ -1,0 +1,1 @@
+SELECT [name] FROM [d] IN '' [;DATABASE=C:\a.mdb;PWD=x] WHERE [id] = 1

@@ -1,0 +1,1 @@
+SELECT * FROM q WHERE more IN (1, 2, 3) AND id = ANY (SELECT id FROM d WHERE d.name = q.name)

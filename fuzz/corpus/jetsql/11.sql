@@ -1,0 +1,1 @@
+INSERT INTO w ([id],[name],[price],[when],[guid]) VALUES (1,"a""b",'1.5',"1/1/2000",NULL)

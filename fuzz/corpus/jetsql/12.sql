@@ -1,0 +1,1 @@
+INSERT INTO d SELECT w.id, memo AS name FROM w WHERE NOT EXISTS (SELECT * FROM d WHERE (d.id = w.id AND n = 2))

@@ -1,0 +1,1 @@
+INSERT INTO w (id, name, single, double, digits) SELECT DISTINCT id, name, n, n, n FROM d

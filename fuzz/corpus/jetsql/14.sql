@@ -1,0 +1,1 @@
+UPDATE [w] INNER JOIN [d] ON ([w].[id] = [d]![id]) SET [w].[name] = [d].[name], [w].[value] = d.n + 1 WHERE ([d].[n] <= 5)

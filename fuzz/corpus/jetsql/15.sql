@@ -1,0 +1,1 @@
+UPDATE (w INNER JOIN d ON w.id = d.id) LEFT JOIN d AS e ON d.n = e.n SET w.memo = e.name, w.flag = e.id

@@ -1,0 +1,1 @@
+UPDATE w SET single = 1e3, double = .5, flag = FALSE, bytes = NULL WHERE id IS NOT NULL

@@ -1,0 +1,1 @@
+DELETE [w].* FROM [w] INNER JOIN [d] ON [w].[id] = [d].[id] WHERE d.n = 2

@@ -1,0 +1,1 @@
+SELECT id FROM (SELECT TOP 2 id, name FROM w ORDER BY name) AS s WHERE s.id = (SELECT MAX(id) FROM d)
