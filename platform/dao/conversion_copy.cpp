@@ -1,11 +1,8 @@
-#include <sqlite3.h>
-
-#include <algorithm>
+#include "dao/conversion.h"
 
 #include "dao/bookkeeping.h"
-#include "dao/conversion.h"
 #include "dao/conversion_steps.h"
-#include "dao/errors.h"
+#include "dao/table_writer.h"
 #include "jet/error.h"
 #include "jetsql/ddl.h"
 #include "jetsql/names.h"
@@ -14,52 +11,11 @@ namespace daoengine {
 namespace {
 
 constexpr int kDuplicateKey = 3022;
-constexpr double kCurrencyUnit = 10000.0;
-
-// Binds one value of a row as the engine stores values of the column's type. The bytes belong to the row.
-struct ValueBinder {
-    sqlite3_stmt* statement;
-    int parameter;
-    jet::Type type;
-
-    int operator()(std::monostate) const { return sqlite3_bind_null(statement, parameter); }
-    int operator()(std::int64_t value) const {
-        if (type != jet::Type::Currency) return sqlite3_bind_int64(statement, parameter, value);
-        return sqlite3_bind_double(statement, parameter, static_cast<double>(value) / kCurrencyUnit);
-    }
-    int operator()(double value) const { return sqlite3_bind_double(statement, parameter, value); }
-    int operator()(const std::string& value) const {
-        return sqlite3_bind_text64(statement, parameter, value.data(), value.size(), SQLITE_STATIC,
-                                   SQLITE_UTF8);
-    }
-    int operator()(const jetfile::Blob& value) const {
-        // An empty blob is not Null.
-        if (value.empty()) return sqlite3_bind_zeroblob(statement, parameter, 0);
-        return sqlite3_bind_blob64(statement, parameter, value.data(), value.size(), SQLITE_STATIC);
-    }
-};
-
-std::string InsertSql(const jet::Table& table) {
-    std::string sql = "INSERT INTO " + jetsql::Quoted(table.name) + " VALUES (?";
-    for (std::size_t i = 1; i < table.columns.size(); ++i)
-        sql += ", ?";
-    return sql + ")";
-}
-
-void InsertRow(Engine& engine, Statement& insert, const jet::Table& table, const jetfile::Row& row) {
-    for (std::size_t i = 0; i < table.columns.size(); ++i) {
-        const ValueBinder binder{insert.Handle(), static_cast<int>(i) + 1, table.columns[i].type};
-        const int result = i < row.size() ? std::visit(binder, row[i]) : binder(std::monostate());
-        if (result != SQLITE_OK) ThrowEngineError(engine.Handle(), result, Work::Rows);
-    }
-    insert.Step();
-    insert.Reset();
-}
 
 void CopyRows(const jetfile::Reader& reader, const jet::Table& table, Engine& target) {
-    Statement insert(target, InsertSql(table), Work::Rows);
-    reader.ReadRows(table.name, [&](jetfile::Row&& row) {
-        InsertRow(target, insert, table, row);
+    TableWriter writer(target, table, jetsql::Quoted(table.name));
+    reader.ReadRows(table.name, [&](const jetfile::Row& row) {
+        writer.Insert(row);
         return true;
     });
 }
