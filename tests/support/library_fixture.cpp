@@ -119,6 +119,12 @@ void LibraryTest::UseDatabase(std::initializer_list<const char*> statements) {
     UseDatabase(std::span(statements.begin(), statements.size()));
 }
 
+void LibraryTest::UseDatabase(const std::vector<std::string>& statements) {
+    UseDatabase(std::span<const char* const>());
+    for (const std::string& statement : statements)
+        Execute({statement});
+}
+
 void LibraryTest::ShipSample(const std::string& sample) {
     fs::copy_file(fs::path(KALO_SAMPLE_DIR) / sample, ShippedFile(sample),
                   fs::copy_options::overwrite_existing);

@@ -92,6 +92,7 @@ class LibraryTest : public testing::Test {
     // Makes the working file from statements and opens it, without the tables of a session.
     void UseDatabase(std::span<const char* const> statements);
     void UseDatabase(std::initializer_list<const char*> statements);
+    void UseDatabase(const std::vector<std::string>& statements);
     // Puts a sample (IdeInfo.mdb, IdeInfoJ.mdb) where the shipped file is looked for.
     void ShipSample(const std::string& sample = "IdeInfo.mdb");
     // The whole start of a session on a sample: KaloSetFileName, KaloCopy, KaloOpen.
@@ -114,7 +115,7 @@ class LibraryTest : public testing::Test {
     // --- Statements on the open database ---
 
     // Runs action statements; a failing one fails the test.
-    void Execute(std::initializer_list<std::string> statements);
+    static void Execute(std::initializer_list<std::string> statements);
     // The rows of a SELECT: "a|b\n" each, NULL as "-". A failing one fails the test.
     static std::string Dump(const std::string& select);
     // The number that a statement fails with, 0 when it runs.
