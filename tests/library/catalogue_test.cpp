@@ -348,7 +348,7 @@ TEST_F(CatalogueTest, NamesEncoderTypesByLanguageAndConvertsSizes) {
     EXPECT_EQ(secondId, 7u);
 }
 
-TEST_F(CatalogueTest, FillsTheMotorSpecificationStrings) {
+TEST_F(CatalogueTest, FillsNamesAndUnitsOfMotorRatings) {
     EXPECT_EQ(KaloMotorSpecStringCreate(99), 0u);
     EXPECT_EQ(Dump("SELECT [name_string],[unit],[unit_multiplier] FROM [motor_specstring]"),
               "Rated power|W|0.500000\n");
