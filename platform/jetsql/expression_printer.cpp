@@ -199,6 +199,7 @@ Operand ExpressionPrinter::PrintColumn(const Expression& expression) {
     }
     Operand operand = Atom(match.column->sql, match.column->type);
     operand.column = true;
+    (match.outer ? outerColumn_ : innerColumn_) = true;
     operand.nullable = match.source->nullable;
     return operand;
 }
@@ -373,10 +374,14 @@ Operand ExpressionPrinter::PrintAggregate(const Expression& expression) {
     const std::string name = kNames[static_cast<int>(expression.function)];
     if (expression.operands.empty()) return Atom("COUNT(*)", Known(jet::Type::Long));
     insideAggregate_ = true;
+    innerColumn_ = outerColumn_ = false;
     const bool numeric =
         expression.function == AggregateFunction::Sum || expression.function == AggregateFunction::Avg;
     const Operand operand = Value(*expression.operands[0]);
     insideAggregate_ = false;
+    // SQLite would count such an aggregate among those of the query around this one.
+    if (outerColumn_ && !innerColumn_)
+        Fail(kAggregateInWhere, "An aggregate function cannot look at outer fields alone.");
     if (numeric) CheckNumber(operand);
     if (expression.function == AggregateFunction::Count)
         return Atom(name + operand.sql + ')', Known(jet::Type::Long));

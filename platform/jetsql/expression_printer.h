@@ -68,6 +68,8 @@ class ExpressionPrinter {
     const Scope& scope_;
     Clause clause_;
     bool insideAggregate_ = false;
+    bool innerColumn_ = false;  // seen inside the aggregate at hand
+    bool outerColumn_ = false;
 };
 
 // Whether an expression holds an aggregate of its own SELECT.

@@ -1,148 +1,97 @@
 #include "jetsql/keywords.h"
 
-#include <cstring>
+#include <algorithm>
+#include <array>
 
 namespace jetsql {
 namespace {
+
+struct Word {
+    std::string_view text;
+    Keyword keyword;
+};
+
+constexpr Word kLongWords[] = {{"CONSTRAINT", Keyword::Constraint}, {"DISTINCTROW", Keyword::DistinctRow}};
+
+constexpr Word kWords[] = {
+    {"ADD", Keyword::Add},       {"ALL", Keyword::All},
+    {"ALTER", Keyword::Alter},   {"AND", Keyword::And},
+    {"ANY", Keyword::Any},       {"AS", Keyword::As},
+    {"ASC", Keyword::Asc},       {"BETWEEN", Keyword::Between},
+    {"BY", Keyword::By},         {"COLUMN", Keyword::Column},
+    {"CREATE", Keyword::Create}, {"DELETE", Keyword::Delete},
+    {"DESC", Keyword::Desc},     {"DISTINCT", Keyword::Distinct},
+    {"DROP", Keyword::Drop},     {"EQV", Keyword::Eqv},
+    {"EXISTS", Keyword::Exists}, {"FALSE", Keyword::False},
+    {"FROM", Keyword::From},     {"GROUP", Keyword::Group},
+    {"HAVING", Keyword::Having}, {"IMP", Keyword::Imp},
+    {"IN", Keyword::In},         {"INDEX", Keyword::Index},
+    {"INNER", Keyword::Inner},   {"INSERT", Keyword::Insert},
+    {"INTO", Keyword::Into},     {"IS", Keyword::Is},
+    {"JOIN", Keyword::Join},     {"KEY", Keyword::Key},
+    {"LEFT", Keyword::Left},     {"LIKE", Keyword::Like},
+    {"MOD", Keyword::Mod},       {"NOT", Keyword::Not},
+    {"NULL", Keyword::Null},     {"ON", Keyword::On},
+    {"OR", Keyword::Or},         {"ORDER", Keyword::Order},
+    {"OUTER", Keyword::Outer},   {"PRIMARY", Keyword::Primary},
+    {"RIGHT", Keyword::Right},   {"SELECT", Keyword::Select},
+    {"SET", Keyword::Set},       {"SOME", Keyword::Some},
+    {"TABLE", Keyword::Table},   {"TOP", Keyword::Top},
+    {"TRUE", Keyword::True},     {"UNION", Keyword::Union},
+    {"UNIQUE", Keyword::Unique}, {"UPDATE", Keyword::Update},
+    {"VALUES", Keyword::Values}, {"WHERE", Keyword::Where},
+    {"WITH", Keyword::With},     {"XOR", Keyword::Xor},
+};
+
+constexpr std::size_t kPackedLetters = 8;
+
+constexpr unsigned char UpperLetter(char c) {
+    return static_cast<unsigned char>(c) & 0xDFu;
+}
 
 // Up to eight letters in one integer, upper case. Letters alone become letters, so no other word collides.
 constexpr std::uint64_t Pack(std::string_view word) {
     std::uint64_t packed = 0;
     for (char c : word)
-        packed = packed << 8 | (static_cast<unsigned char>(c) & 0xDFu);
+        packed = packed << 8 | UpperLetter(c);
     return packed;
 }
 
+struct PackedWord {
+    std::uint64_t letters;
+    Keyword keyword;
+};
+
+constexpr auto kPackedWords = [] {
+    std::array<PackedWord, std::size(kWords)> packed{};
+    for (std::size_t i = 0; i < packed.size(); ++i)
+        packed[i] = {Pack(kWords[i].text), kWords[i].keyword};
+    std::sort(packed.begin(), packed.end(),
+              [](const auto& a, const auto& b) { return a.letters < b.letters; });
+    return packed;
+}();
+
 bool SameLetters(std::string_view word, std::string_view upper) {
-    for (std::size_t i = 0; i < upper.size(); ++i) {
-        if ((static_cast<unsigned char>(word[i]) & 0xDFu) != static_cast<unsigned char>(upper[i]))
-            return false;
-    }
-    return true;
+    return std::equal(word.begin(), word.end(), upper.begin(), upper.end(),
+                      [](char a, char b) { return UpperLetter(a) == static_cast<unsigned char>(b); });
 }
 
 Keyword LongKeywordOf(std::string_view word) {
-    if (word.size() == 11 && SameLetters(word, "DISTINCTROW")) return Keyword::DistinctRow;
-    if (word.size() == 10 && SameLetters(word, "CONSTRAINT")) return Keyword::Constraint;
+    for (const Word& known : kLongWords) {
+        if (SameLetters(word, known.text)) return known.keyword;
+    }
     return Keyword::None;
 }
 
 }  // namespace
 
 Keyword KeywordOf(std::string_view word) {
-    if (word.size() > 8) return LongKeywordOf(word);
-    switch (Pack(word)) {
-        case Pack("ADD"):
-            return Keyword::Add;
-        case Pack("ALL"):
-            return Keyword::All;
-        case Pack("ALTER"):
-            return Keyword::Alter;
-        case Pack("AND"):
-            return Keyword::And;
-        case Pack("ANY"):
-            return Keyword::Any;
-        case Pack("AS"):
-            return Keyword::As;
-        case Pack("ASC"):
-            return Keyword::Asc;
-        case Pack("BETWEEN"):
-            return Keyword::Between;
-        case Pack("BY"):
-            return Keyword::By;
-        case Pack("COLUMN"):
-            return Keyword::Column;
-        case Pack("CREATE"):
-            return Keyword::Create;
-        case Pack("DELETE"):
-            return Keyword::Delete;
-        case Pack("DESC"):
-            return Keyword::Desc;
-        case Pack("DISTINCT"):
-            return Keyword::Distinct;
-        case Pack("DROP"):
-            return Keyword::Drop;
-        case Pack("EQV"):
-            return Keyword::Eqv;
-        case Pack("EXISTS"):
-            return Keyword::Exists;
-        case Pack("FALSE"):
-            return Keyword::False;
-        case Pack("FROM"):
-            return Keyword::From;
-        case Pack("GROUP"):
-            return Keyword::Group;
-        case Pack("HAVING"):
-            return Keyword::Having;
-        case Pack("IMP"):
-            return Keyword::Imp;
-        case Pack("IN"):
-            return Keyword::In;
-        case Pack("INDEX"):
-            return Keyword::Index;
-        case Pack("INNER"):
-            return Keyword::Inner;
-        case Pack("INSERT"):
-            return Keyword::Insert;
-        case Pack("INTO"):
-            return Keyword::Into;
-        case Pack("IS"):
-            return Keyword::Is;
-        case Pack("JOIN"):
-            return Keyword::Join;
-        case Pack("KEY"):
-            return Keyword::Key;
-        case Pack("LEFT"):
-            return Keyword::Left;
-        case Pack("LIKE"):
-            return Keyword::Like;
-        case Pack("MOD"):
-            return Keyword::Mod;
-        case Pack("NOT"):
-            return Keyword::Not;
-        case Pack("NULL"):
-            return Keyword::Null;
-        case Pack("ON"):
-            return Keyword::On;
-        case Pack("OR"):
-            return Keyword::Or;
-        case Pack("ORDER"):
-            return Keyword::Order;
-        case Pack("OUTER"):
-            return Keyword::Outer;
-        case Pack("PRIMARY"):
-            return Keyword::Primary;
-        case Pack("RIGHT"):
-            return Keyword::Right;
-        case Pack("SELECT"):
-            return Keyword::Select;
-        case Pack("SET"):
-            return Keyword::Set;
-        case Pack("SOME"):
-            return Keyword::Some;
-        case Pack("TABLE"):
-            return Keyword::Table;
-        case Pack("TOP"):
-            return Keyword::Top;
-        case Pack("TRUE"):
-            return Keyword::True;
-        case Pack("UNION"):
-            return Keyword::Union;
-        case Pack("UNIQUE"):
-            return Keyword::Unique;
-        case Pack("UPDATE"):
-            return Keyword::Update;
-        case Pack("VALUES"):
-            return Keyword::Values;
-        case Pack("WHERE"):
-            return Keyword::Where;
-        case Pack("WITH"):
-            return Keyword::With;
-        case Pack("XOR"):
-            return Keyword::Xor;
-        default:
-            return Keyword::None;
-    }
+    if (word.size() > kPackedLetters) return LongKeywordOf(word);
+    const std::uint64_t letters = Pack(word);
+    const auto found =
+        std::lower_bound(kPackedWords.begin(), kPackedWords.end(), letters,
+                         [](const PackedWord& known, std::uint64_t value) { return known.letters < value; });
+    return found != kPackedWords.end() && found->letters == letters ? found->keyword : Keyword::None;
 }
 
 bool ExpectsOperand(Keyword keyword) {

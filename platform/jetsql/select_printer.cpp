@@ -63,6 +63,9 @@ Operand SelectPrinter::Value(const Expression& expression, Clause clause) {
 
 bool SelectPrinter::HasAggregates() const {
     if (select_.having && HasAggregate(*select_.having)) return true;
+    for (const OrderItem& item : select_.orderBy) {
+        if (HasAggregate(*item.expression)) return true;
+    }
     return std::any_of(select_.columns.begin(), select_.columns.end(), [](const SelectColumn& column) {
         return column.expression && HasAggregate(*column.expression);
     });

@@ -66,7 +66,9 @@ constexpr ErrorCase kRefused[] = {
     // queries that make no sense
     {3093, "SELECT DISTINCT s FROM t ORDER BY n"},
     {3096, "SELECT * FROM t WHERE COUNT(*) = 1"},
+    {3096, "SELECT * FROM t WHERE EXISTS (SELECT MAX(t.n) FROM u)"},
     {3095, "SELECT MAX(COUNT(*)) FROM t"},
+    {3122, "SELECT n FROM t ORDER BY COUNT(*)"},
     {3122, "SELECT n, COUNT(*) FROM t"},
     {3123, "SELECT *, COUNT(*) FROM t"},
     {3306, "SELECT * FROM t WHERE n = ANY (SELECT * FROM u)"},
