@@ -118,6 +118,7 @@ struct AFX_EXTENSION_MODULE {
 BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HINSTANCE module);
 void AfxTermExtensionModule(AFX_EXTENSION_MODULE& state);
 
+// Made by new, once for a module; AfxTermExtensionModule deletes it.
 class CDynLinkLibrary : public CObject {
   public:
     explicit CDynLinkLibrary(AFX_EXTENSION_MODULE& state);

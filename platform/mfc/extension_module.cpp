@@ -1,6 +1,8 @@
 #include "mfc/extension_module.h"
 
 #include <atomic>
+#include <memory>
+#include <vector>
 
 #include "afx.h"
 
@@ -11,6 +13,17 @@ namespace {
 
 constinit std::atomic<bool> refused{false};
 constinit std::atomic<int> registered{0};
+
+// The libraries that were chained for a module, which owns them from then on.
+struct ChainedLibrary {
+    const AFX_EXTENSION_MODULE* module;
+    std::unique_ptr<CDynLinkLibrary> library;
+};
+
+std::vector<ChainedLibrary>& Chain() {
+    static std::vector<ChainedLibrary>& chain = *new std::vector<ChainedLibrary>;
+    return chain;
+}
 
 }  // namespace
 
@@ -32,7 +45,10 @@ BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HINSTANCE module) {
 
 void AfxTermExtensionModule(AFX_EXTENSION_MODULE& state) {
     if (state.bInitialized) --registered;
+    std::erase_if(Chain(), [&state](const ChainedLibrary& chained) { return chained.module == &state; });
     state = {};
 }
 
-CDynLinkLibrary::CDynLinkLibrary(AFX_EXTENSION_MODULE& /*state*/) {}
+CDynLinkLibrary::CDynLinkLibrary(AFX_EXTENSION_MODULE& state) {
+    Chain().push_back({&state, std::unique_ptr<CDynLinkLibrary>(this)});
+}
