@@ -12,11 +12,14 @@ std::wstring Widen(UINT codePage, std::string_view text) {
     return wide;
 }
 
+// A sign that the code page lacks becomes its replacement character, never one that looks alike (an ohm no
+// letter O).
 std::string Shorten(UINT codePage, const std::wstring& wide) {
+    const DWORD flags = codePage == CP_UTF8 ? 0 : WC_NO_BEST_FIT_CHARS;
     const int size = static_cast<int>(wide.size());
-    const int length = WideCharToMultiByte(codePage, 0, wide.data(), size, nullptr, 0, nullptr, nullptr);
+    const int length = WideCharToMultiByte(codePage, flags, wide.data(), size, nullptr, 0, nullptr, nullptr);
     std::string text(static_cast<std::size_t>(length), '\0');
-    WideCharToMultiByte(codePage, 0, wide.data(), size, text.data(), length, nullptr, nullptr);
+    WideCharToMultiByte(codePage, flags, wide.data(), size, text.data(), length, nullptr, nullptr);
     return text;
 }
 
