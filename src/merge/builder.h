@@ -26,15 +26,13 @@ struct BuildIdentity {
     }
 };
 
-// --- Models
-// ------------------------------------------------------------------------------------------------------
+// --- Models ---
 
 // Reads the model name of a combination from the session's model table. A NULL name counts as a missing row.
 Status ReadModelName(const BuildIdentity& identity, Status noModel, const OnDaoError& onError,
                      CString& modelName);
 
-// --- Names
-// -------------------------------------------------------------------------------------------------------
+// --- Names ---
 
 // "model_firmware_custom_power", or with an option unit "model_firmware_custom_power_ofirmware_ocustom".
 CString CombinationName(const CString& modelName, const BuildIdentity& identity);
@@ -45,8 +43,7 @@ CString CombinationNameWithoutPower(const CString& modelName, const BuildIdentit
 // Joins a combination name and the kind of a table.
 CString TableName(const CString& combination, const char* kind);
 
-// --- Tables
-// ------------------------------------------------------------------------------------------------------
+// --- Tables ---
 
 // True in `registered` when some axis's row names `table` in `column`.
 Status IsRegistered(const char* column, const CString& table, Status noRow, const OnDaoError& onError,

@@ -11,8 +11,7 @@
 // fields, status. Functions state their own SQL, fields and codes; how they run stands here once.
 namespace kalo {
 
-// --- Statements
-// --------------------------------------------------------------------------------------------------
+// --- Statements ---
 
 // Texts stand between double quotes, which go into a statement through %c.
 constexpr char kQuote = '"';
@@ -42,8 +41,7 @@ CString Sql(const char* statement, const Arguments&... arguments) {
 CString SqlOnTable(const char* statement, const CString& table,
                    std::initializer_list<std::int32_t> numbers = {});
 
-// --- Locked stretches
-// --------------------------------------------------------------------------------------------
+// --- Locked stretches ---
 
 // The status for a caught exception; deletes it.
 Status CaughtStatus(CDaoException* exception, const OnDaoError& onError);
@@ -78,8 +76,7 @@ Status Unlocked(const OnDaoError& onError, Body&& body) {
 // Closes an open recordset; a CDaoException thrown by the close is deleted and not reported.
 void CloseQuietly(CDaoRecordset& recordset);
 
-// --- Inside a locked stretch (all of these throw CDaoException*)
-// ---------------------------------------------------
+// --- Inside a locked stretch (all of these throw CDaoException*) ---
 
 // Executes an action statement or DDL through an unnamed query definition, failing on the first error.
 // Returns the number of rows affected.
@@ -149,8 +146,7 @@ class Rows {
     COleVariant value_;
 };
 
-// --- Whole steps
-// -------------------------------------------------------------------------------------------------
+// --- Whole steps ---
 
 // One action statement as a locked stretch of its own. `affected`, where given, receives the number of rows.
 Status Run(const OnDaoError& onError, const CString& statement, long* affected = nullptr);
