@@ -119,6 +119,7 @@ Symbol DoubleSymbol(char first, char second) {
 std::string TextOf(const Token& token) {
     const char quote = token.text.front();
     const std::string_view inner = token.text.substr(1, token.text.size() - 2);
+    if (inner.find(quote) == std::string_view::npos) return std::string(inner);
     std::string text;
     text.reserve(inner.size());
     for (std::size_t i = 0; i < inner.size(); ++i) {

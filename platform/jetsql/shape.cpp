@@ -18,23 +18,64 @@ Shape BrokenShape(std::string_view statement) {
     return shape;
 }
 
+// Puts a key together. What stands in the statement as it does in the key is copied in one piece.
+class KeyWriter {
+  public:
+    explicit KeyWriter(std::string& key) : key_(key) {}
+
+    void Add(const Token& token) {
+        const char* start = token.text.data();
+        if (from_ == nullptr || !Continues(start)) {
+            Flush();
+            AddBlank(token);
+            from_ = start;
+        }
+        to_ = start + token.text.size();
+    }
+
+    void AddMark(const Token& token) {
+        Flush();
+        AddBlank(token);
+        key_ += MarkOf(token.kind);
+    }
+
+    void Flush() {
+        if (from_ != nullptr) key_.append(from_, to_);
+        from_ = nullptr;
+    }
+
+  private:
+    bool Continues(const char* start) const { return start == to_ || (start == to_ + 1 && *to_ == ' '); }
+
+    void AddBlank(const Token& token) {
+        if (token.spaced && !key_.empty()) key_ += ' ';
+    }
+
+    std::string& key_;
+    const char* from_ = nullptr;  // the piece that is not copied yet
+    const char* to_ = nullptr;
+};
+
 }  // namespace
 
 Shape ShapeOf(std::string_view statement) {
     Shape shape;
     shape.key.reserve(statement.size() + 1);
+    KeyWriter writer(shape.key);
     Lexer lexer(statement);
-    for (Token token = lexer.Next(); token.kind != TokenKind::End; token = lexer.Next()) {
+    for (;;) {
+        const Token token = lexer.Next();
+        if (token.kind == TokenKind::End) break;
         if (token.kind == TokenKind::Bad) return BrokenShape(statement);
-        if (token.spaced && !shape.key.empty()) shape.key += ' ';
         if (token.literal == kInPlace) {
-            shape.key += token.text;
+            writer.Add(token);
             continue;
         }
-        shape.key += MarkOf(token.kind);
+        writer.AddMark(token);
         if (shape.literals.empty()) shape.literals.reserve(8);
         shape.literals.push_back(ValueOf(token));
     }
+    writer.Flush();
     return shape;
 }
 
