@@ -71,8 +71,6 @@ class Cursor {
     // Rows that are in memory already stay there.
     std::shared_ptr<const RowBlock> StoreSmall(std::size_t rows, std::size_t bytes);
 
-    bool StatementWasPreparedAnew() { return statement_.WasPreparedAnew(); }
-
   private:
     void Start(Engine& engine, StatementPool& pool, const std::string& sql);
     bool Advance();

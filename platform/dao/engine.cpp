@@ -36,16 +36,12 @@ Statement::~Statement() {
 }
 
 Statement::Statement(Statement&& other) noexcept
-    : engine_(other.engine_),
-      handle_(std::exchange(other.handle_, nullptr)),
-      work_(other.work_),
-      preparations_(other.preparations_) {}
+    : engine_(other.engine_), handle_(std::exchange(other.handle_, nullptr)), work_(other.work_) {}
 
 Statement& Statement::operator=(Statement&& other) noexcept {
     std::swap(engine_, other.engine_);
     std::swap(handle_, other.handle_);
     std::swap(work_, other.work_);
-    std::swap(preparations_, other.preparations_);
     return *this;
 }
 
@@ -73,12 +69,6 @@ bool Statement::Step() {
     if (code == SQLITE_ROW) return true;
     if (code == SQLITE_DONE) return false;
     ThrowEngineError(engine_->Handle(), code, work_);
-}
-
-bool Statement::WasPreparedAnew() {
-    if (handle_ == nullptr) return false;
-    const int preparations = sqlite3_stmt_status(handle_, SQLITE_STMTSTATUS_REPREPARE, 0);
-    return std::exchange(preparations_, preparations) != preparations;
 }
 
 void Statement::Reset() {

@@ -37,10 +37,6 @@ class Statement {
     bool Step(RunMeter::Account& account);
     bool Step();
 
-    // Whether the engine found the design of the database changed and prepared the statement anew since the
-    // last time it was asked.
-    bool WasPreparedAnew();
-
     // Ends the run; harmless when none is under way.
     void Reset();
 
@@ -48,7 +44,6 @@ class Statement {
     Engine* engine_ = nullptr;
     sqlite3_stmt* handle_ = nullptr;
     Work work_ = Work::Rows;
-    int preparations_ = 0;
 };
 
 // Statements prepared from one text and not running, ready to be taken.

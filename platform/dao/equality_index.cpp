@@ -7,6 +7,7 @@
 
 #include "dao/engine.h"
 #include "dao/row_block.h"
+#include "dao/table_state.h"
 #include "jetsql/case_folding.h"
 #include "jetsql/names.h"
 
@@ -62,10 +63,11 @@ std::uint32_t TagOf(std::uint64_t hash) {
 
 }  // namespace
 
-EqualityIndex::EqualityIndex(Engine& engine, const std::string& table, const std::string& column) {
-    Statement scan(
-        engine, "SELECT rowid, " + jetsql::Quoted(column) + " FROM " + jetsql::Quoted(table) + " NOT INDEXED",
-        Work::Rows);
+EqualityIndex::EqualityIndex(Engine& engine, const TableState& table, const std::string& column) {
+    Statement scan(engine,
+                   "SELECT " + table.rowNumber + ", " + jetsql::Quoted(column) + " FROM " +
+                       jetsql::Quoted(table.name) + " NOT INDEXED",
+                   Work::Rows);
     std::vector<Entry> entries;
     RunMeter::Account account;
     while (scan.Step(account)) {

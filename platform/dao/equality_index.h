@@ -10,13 +10,14 @@
 namespace daoengine {
 
 class Engine;
+struct TableState;
 
 // The rows of one column by value, in memory. It answers with every row that holds a value equal to the one
 // asked for, in storage order, and perhaps with a few that do not: the caller's statement compares again.
 class EqualityIndex {
   public:
     // Reads the whole column.
-    EqualityIndex(Engine& engine, const std::string& table, const std::string& column);
+    EqualityIndex(Engine& engine, const TableState& table, const std::string& column);
 
     // Puts the rows into `rows`; false when they are more than `most`.
     bool FindRows(const jetsql::Literal& value, std::size_t most, std::vector<std::int64_t>& rows) const;

@@ -73,7 +73,6 @@ void StoreAllReaders(Session& session) {
 }
 
 std::int64_t ExecuteAction(Session& session, std::string_view sql) {
-    session.DesignChanged();
     const Request request = session.Prepare(sql);
     if (!request.readsExternal) return Run(session, request);
     StoreAllReaders(session);

@@ -29,7 +29,7 @@ std::shared_ptr<const EqualityIndex> LookupIndexes::Find(Engine& engine, TableRe
     if (lookups.coarse) return nullptr;
     lookups.lastUse = ++clock_;
     if (!lookups.index && ++lookups.count >= limits::kLookupsBeforeIndex) {
-        lookups.index = std::make_shared<EqualityIndex>(engine, table.name, column);
+        lookups.index = std::make_shared<EqualityIndex>(engine, table, column);
         MakeRoom(tables);
     }
     return lookups.index;

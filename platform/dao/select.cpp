@@ -74,25 +74,21 @@ void KeepResult(Session& session, const Request& request, const Stamp& stamp, Cu
         request.statement->results.Keep(request.shape.literals, stamp, std::move(rows));
 }
 
-void OpenOwn(Session& session, const Request& request, Cursor& cursor) {
+// Opens on the session's own tables. Says whether the rows are asked for often enough to be kept.
+bool OpenOwn(Session& session, const Request& request, const Stamp& stamp, Cursor& cursor) {
     Engine& engine = session.OwnEngine();
-    CachedStatement& shape = *request.statement;
-    if (!engine.Watch().Usable() || !shape.translation.cacheable) {
-        cursor.OpenRunning(engine, request.statement, request.shape.literals);
-        cursor.Exists(0);
-        return;
-    }
-    const Stamp stamp = session.StampOf(shape);
-    KeptResults::Answer kept = shape.results.Find(request.shape.literals, stamp);
+    const bool watched = engine.Watch().Usable() && request.statement->translation.cacheable;
+    KeptResults::Answer kept;
+    if (watched) kept = request.statement->results.Find(request.shape.literals, stamp);
     if (kept.rows) {
         cursor.OpenStored(request.statement, std::move(kept.rows));
-        return;
+        return false;
     }
-    if (!OpenByLookup(session, request, stamp, cursor)) {
-        cursor.OpenRunning(engine, request.statement, request.shape.literals);
-        cursor.Exists(0);
-    }
-    if (kept.advice == KeptResults::Advice::Keep) KeepResult(session, request, stamp, cursor);
+    if (watched && OpenByLookup(session, request, stamp, cursor))
+        return kept.advice == KeptResults::Advice::Keep;
+    cursor.OpenRunning(engine, request.statement, request.shape.literals);
+    cursor.Exists(0);
+    return kept.advice == KeptResults::Advice::Keep;
 }
 
 void OpenExternal(const Request& request, Cursor& cursor) {
@@ -101,16 +97,23 @@ void OpenExternal(const Request& request, Cursor& cursor) {
     cursor.Exists(0);
 }
 
-// False when the design changed under the statement.
+void Open(Session& session, const Request& request, Cursor& cursor) {
+    if (request.external) {
+        OpenExternal(request, cursor);
+        return;
+    }
+    const Stamp stamp = session.StampOf(*request.statement);
+    const bool keep = OpenOwn(session, request, stamp, cursor);
+    if (keep && session.StampOf(*request.statement) == stamp) KeepResult(session, request, stamp, cursor);
+}
+
+// False when another process changed the design while the statement was being translated or started.
 bool TryOpen(Session& session, std::string_view sql, Cursor& cursor) {
     const Request request = session.Prepare(sql);
     if (request.statement->translation.kind != jetsql::StatementKind::Select) Throw(3219);
     try {
-        if (request.external)
-            OpenExternal(request, cursor);
-        else
-            OpenOwn(session, request, cursor);
-        if (!cursor.StatementWasPreparedAnew() || !session.DesignChanged()) return true;
+        Open(session, request, cursor);
+        if (!session.DesignChanged()) return true;
     } catch (const jet::Error&) {
         cursor.Close();
         if (!session.DesignChanged()) throw;

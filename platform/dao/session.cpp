@@ -9,6 +9,7 @@
 #include "dao/query_state.h"
 #include "dao/recordset_state.h"
 #include "jetsql/parser.h"
+#include "jetsql/scope.h"
 
 namespace daoengine {
 namespace {
@@ -87,7 +88,7 @@ bool Session::DesignChanged() {
 }
 
 Stamp Session::StampOf(const CachedStatement& statement) {
-    return {engine_->Watch().Epoch(), statement.Writes()};
+    return {OwnEngine().Watch().Epoch(), statement.Writes()};
 }
 
 void Session::WriteBegins() {
@@ -105,11 +106,11 @@ void Session::WriteEnded(std::string_view table, Work work) {
 }
 
 Request Session::Prepare(std::string_view sql) {
+    DesignChanged();
     Request request;
     request.shape = jetsql::ShapeOf(sql);
     request.statement = statements_.Find(request.shape.key);
     if (request.statement) return request;
-    DesignChanged();
     ExternalTables externals;
     const EngineCatalogue::ExternalScope scope(catalogue_, externals);
     request.statement = MakeStatement(jetsql::Translate(sql, catalogue_));
@@ -153,6 +154,7 @@ void Session::KeepUsableLookups(CachedStatement& statement) {
     };
     lookups.erase(std::remove_if(lookups.begin(), lookups.end(), unusable), lookups.end());
     statement.byRow.resize(lookups.size());
+    if (!lookups.empty()) statement.tables[0]->rowNumber = jetsql::RowidName(*table);
 }
 
 }  // namespace daoengine

@@ -32,6 +32,8 @@ struct ColumnLookups {
 // What a session remembers of a table beside its definition.
 struct TableState {
     std::string name;
+    std::string
+        rowNumber;  // the name under which SQL reads the number of a row; empty until it was looked for
     std::uint64_t writes = 0;  // own statements that changed its rows or its design
     std::vector<ColumnLookups> lookups;
 };
