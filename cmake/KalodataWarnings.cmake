@@ -1,7 +1,9 @@
 # Settings that every target of this project shares: warnings as errors, and the sanitizers asked for.
 add_library(kalodata_options INTERFACE)
 if(MSVC)
-    target_compile_options(kalodata_options INTERFACE /W4 /WX /utf-8)
+    # GCC's attributes are unknown here, and the C functions in use are the documented ones.
+    target_compile_options(kalodata_options INTERFACE /W4 /WX /utf-8 /wd5030)
+    target_compile_definitions(kalodata_options INTERFACE NOMINMAX _CRT_SECURE_NO_WARNINGS)
     return()
 endif()
 target_compile_options(kalodata_options INTERFACE
