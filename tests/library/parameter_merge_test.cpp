@@ -129,7 +129,7 @@ class ParameterMergeTest : public support::LibraryTest {
         return *(values.begin() + Pick(0, static_cast<int>(values.size()) - 1));
     }
 
-    Row RandomRow() { return {Pick(1, 6), Pick(1, 6), PickOf({1, 3}), Pick(0, 99), Pick(1, 2)}; }
+    Row RandomRow() { return {Pick(1, 4), Pick(1, 9), PickOf({1, 3}), Pick(0, 99), Pick(1, 2)}; }
 
     void Insert(const std::string& table, const std::string& idColumn, const Row& row,
                 const std::string& columns = {}, const std::string& values = {}) {
@@ -143,10 +143,10 @@ class ParameterMergeTest : public support::LibraryTest {
 
     std::vector<Delta> FillDeltas(bool firmware) {
         std::vector<Delta> deltas;
-        for (int i = Pick(0, 20); i > 0; --i) {
+        for (int i = Pick(0, 30); i > 0; --i) {
             const Delta d = {RandomRow(),
                              PickOf({17, 17, 17, 18}),
-                             PickOf({kNone, kNone, kOption, 3}),
+                             PickOf({kNone, kNone, kOption, kOption, 3}),
                              Pick(1, 3),
                              Pick(0, 4),
                              Pick(1, 2)};
