@@ -58,8 +58,7 @@ std::string LookupFinder::SqlByRow() const {
 
 bool AllowsLookup(const Select& select, const SelectText& text) {
     const bool oneTable = select.from.size() == 1 && !select.from[0]->IsJoin() && !select.from[0]->select;
-    const bool plain =
-        !text.grouped && !text.distinct && !text.top && select.orderBy.empty() && !select.external;
+    const bool plain = !text.grouped && !text.top && !select.external;
     return oneTable && plain && select.where;
 }
 

@@ -74,7 +74,8 @@ struct OutputColumn {
 };
 
 // A SELECT over one table whose WHERE demands `column` = a literal at its top level (alone or joined by AND),
-// so that an engine which knows the rows with that value need not walk the table.
+// so that an engine which knows the rows with that value need not walk the table. Where the translation is
+// ordered, a lookup serves for one row at most.
 struct EqualityLookup {
     std::string column;       // the table's spelling
     std::size_t literal = 0;  // index into Shape::literals
@@ -84,26 +85,42 @@ struct EqualityLookup {
 
 struct Translation {
     StatementKind kind = StatementKind::Select;
-    std::string
-        sql;  // SQLite's SQL; literal i is parameter ?i+1. For SelectInto the SELECT alone; empty for DDL
-    std::vector<OutputColumn> columns;  // Select and SelectInto
-    jet::Table definition;  // SelectInto and CreateTable: the new table; AddColumn: one column; CreateIndex:
-                            // one index
-    std::string target;     // the table written, made, altered, indexed or dropped, in its stored spelling
-    std::string dropped;    // DropColumn: the column; DropIndex: the index
-    std::vector<std::string> tables;  // every table of this database that is read or written, stored spelling
+
+    // SQLite's SQL; literal i is parameter ?i+1. For SelectInto the SELECT alone; empty for DDL.
+    std::string sql;
+
+    // Select and SelectInto.
+    std::vector<OutputColumn> columns;
+
+    // SelectInto and CreateTable: the new table; AddColumn: one column; CreateIndex: one index.
+    jet::Table definition;
+
+    // The table written, made, altered, indexed or dropped, in its stored spelling.
+    std::string target;
+
+    // DropColumn: the column; DropIndex: the index.
+    std::string dropped;
+
+    // Every table of this database that is read or written, in its stored spelling.
+    std::vector<std::string> tables;
+
     std::vector<EqualityLookup> lookups;
-    bool cacheable = true;  // false when the text depends on more than the shape (an external table)
-    bool ordered = false;   // Select: has an ORDER BY of its own (or DISTINCT)
+
+    // False when the text depends on more than the shape and the tables named: an external table, or the
+    // absence of the table that a definition or SELECT … INTO makes.
+    bool cacheable = true;
+
+    // Select: has an ORDER BY of its own, or DISTINCT.
+    bool ordered = false;
 };
 
-// Parses, binds and prints one statement whose literals are the parameters of `shape`.
+// Parses, binds and prints one statement; its literals are the parameters, numbered as ShapeOf numbers them.
 // Numbers: 3061 unknown column, 3075 and its kin for syntax, 3078 missing table, 3192/3127/3346/3063 for
 // INSERT, 3010 existing table, 3376 DROP/ALTER of a missing one, 3380/3381 columns, 3464/3615 types, 3079
 // ambiguous …
 Translation Translate(std::string_view statement, Catalogue& catalogue);
 
-// Names of SQL functions and the collation that printed statements use; the engine registers them on each
-// connection it opens (jetsql/functions.h): RegisterFunctions(sqlite3*).
+// Printed statements use SQL functions and a collation that the engine registers on each connection it opens:
+// RegisterFunctions of jetsql/functions.h.
 
 }  // namespace jetsql

@@ -94,8 +94,8 @@ TEST(JetsqlShape, EqualityLookups) {
         {"SELECT * FROM t WHERE id = 4 OR s = \"x\"", {}},
         {"SELECT * FROM t WHERE NOT id = 4", {}},
         {"SELECT * FROM t WHERE id <> 4", {}},
-        {"SELECT * FROM t WHERE id = 4 ORDER BY s", {}},
-        {"SELECT DISTINCT s FROM t WHERE id = 4", {}},
+        {"SELECT * FROM t WHERE id = 4 ORDER BY s", {"Id0"}},
+        {"SELECT DISTINCT s FROM t WHERE id = 4", {"Id0"}},
         {"SELECT COUNT(*) FROM t WHERE id = 4", {}},
         {"SELECT * FROM t, u WHERE id = 4", {}},
     };
