@@ -10,6 +10,7 @@
 #include "dao/conversion.h"
 #include "dao/errors.h"
 #include "dao/file_kind.h"
+#include "dao/table_definition.h"
 #include "mfc/narrow.h"
 #include "system/file_path.h"
 #include "system/open_files.h"
@@ -38,11 +39,9 @@ Connection OpenChecked(const fs::path& path, Access access, const std::string& p
 }
 
 int CountEngineTables(sqlite3* connection) {
-    constexpr const char* kCount =
-        "SELECT count(*) FROM sqlite_schema WHERE type = 'table'"
-        " AND name NOT GLOB 'sqlite_*' AND name NOT GLOB '~jet_*'";
+    const std::string sql = std::string("SELECT count(*) FROM sqlite_schema WHERE ") + kUserTableFilter;
     sqlite3_stmt* statement = nullptr;
-    int result = sqlite3_prepare_v2(connection, kCount, -1, &statement, nullptr);
+    int result = sqlite3_prepare_v2(connection, sql.c_str(), -1, &statement, nullptr);
     if (result == SQLITE_OK) result = sqlite3_step(statement);
     const int count = result == SQLITE_ROW ? sqlite3_column_int(statement, 0) : 0;
     sqlite3_finalize(statement);

@@ -18,10 +18,8 @@ std::string TextOfColumn(Statement& statement, int column) {
 }  // namespace
 
 std::vector<std::string> UserTableNames(Engine& engine) {
-    Statement statement(engine,
-                        "SELECT name FROM sqlite_schema WHERE type = 'table'"
-                        " AND name NOT GLOB 'sqlite_*' AND name NOT GLOB '~jet_*' ORDER BY rowid",
-                        Work::Rows);
+    const std::string sql = std::string("SELECT name FROM sqlite_schema WHERE ") + kUserTableFilter;
+    Statement statement(engine, sql + " ORDER BY rowid", Work::Rows);
     std::vector<std::string> names;
     while (statement.Step())
         names.push_back(TextOfColumn(statement, 0));

@@ -10,6 +10,11 @@
 
 namespace daoengine {
 
+// What tells user tables in SQLite's schema from the engine's own and from those in which a converted file
+// keeps its queries and properties.
+inline constexpr char kUserTableFilter[] =
+    "type = 'table' AND name NOT GLOB 'sqlite_*' AND name NOT GLOB '~jet_*'";
+
 // Names of the tables that a database's user made, in the order in which they were made: neither the engine's
 // own nor those in which a converted file keeps its queries and properties.
 std::vector<std::string> UserTableNames(Engine& engine);

@@ -79,7 +79,9 @@ int CopyOneFile(const fs::path& source, const fs::path& target) {
     if (const int answer = CheckSource(source)) return answer;
     if (const int answer = CheckTarget(source, target)) return answer;
     if (!IsReadable(source)) return kSourceDenied;
-    return CopyContents(source, target);
+    std::error_code missing;
+    const fs::path resolved = fs::canonical(target, missing);
+    return CopyContents(source, missing ? target : resolved);
 }
 
 }  // namespace

@@ -118,7 +118,7 @@ class ShellCopy : public testing::Test {
 
     support::TemporaryDirectory directory_;
     std::string source_ = directory_.File("shipped.mdb");
-    std::string target_ = directory_.File("work.mdb");
+    std::string target_ = directory_.File("copy.mdb");
 };
 
 TEST_F(ShellCopy, OverwritesAndRemovesWhatBelongedToTheFormerFile) {
@@ -133,6 +133,15 @@ TEST_F(ShellCopy, OverwritesAndRemovesWhatBelongedToTheFormerFile) {
     EXPECT_EQ(std::distance(fs::directory_iterator(directory_.Path()), {}), 2);
 }
 
+TEST_F(ShellCopy, FollowsALinkToTheTarget) {
+    support::WriteFile(source_, "new");
+    support::WriteFile(directory_.File("real.mdb"), "former");
+    fs::create_symlink("real.mdb", target_);
+    EXPECT_EQ(Copy(source_, target_), 0);
+    EXPECT_TRUE(fs::is_symlink(target_));
+    EXPECT_EQ(support::ReadFile(directory_.File("real.mdb")), "new");
+}
+
 TEST_F(ShellCopy, FailuresLeaveTheTargetAlone) {
     support::WriteFile(source_, "new");
     support::WriteFile(target_, "former");
@@ -141,8 +150,8 @@ TEST_F(ShellCopy, FailuresLeaveTheTargetAlone) {
     EXPECT_EQ(Copy(directory_.Path().string(), target_), 0x402);
     EXPECT_EQ(Copy(target_, target_), 0x71);
     EXPECT_EQ(Copy(source_, directory_.Path().string()), 0x80);
-    EXPECT_EQ(Copy(source_, directory_.File("none/work.mdb")), 0x7C);
-    EXPECT_EQ(Copy(source_, target_ + "/work.mdb"), 0x7C);
+    EXPECT_EQ(Copy(source_, directory_.File("none/copy.mdb")), 0x7C);
+    EXPECT_EQ(Copy(source_, target_ + "/copy.mdb"), 0x7C);
     EXPECT_NE(Copy(source_, directory_.File(std::string(300, 'n'))), 0);
     EXPECT_EQ(support::ReadFile(target_), "former");
     EXPECT_EQ(support::ReadFile(target_ + "-wal"), "of the former");
