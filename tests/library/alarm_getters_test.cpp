@@ -97,7 +97,7 @@ TEST_F(AlarmGettersTest, RolesAreFoundByTheirFixedIds) {
     SetMonitors(
         {"250,9", "100,10", "111,11", "112,12", "113,11", "125,25", "199,99", "200,100", "90000,250"});
     const struct {
-        KaloStatus (*call)(std::int16_t, std::uint32_t*);
+        KaloStatus(KALO_CALL* call)(std::int16_t, std::uint32_t*);
         std::uint32_t id;
         KaloStatus none;
     } cases[] = {{KaloGetAlarmNormalId, 6, 0x2BFF0072},

@@ -9,8 +9,8 @@ using namespace support;
 using namespace monitor_tables;
 
 struct Direction {
-    KaloStatus (*count)(std::int16_t, std::uint16_t*);
-    KaloStatus (*list)(std::int16_t, std::int32_t*);
+    KaloStatus(KALO_CALL* count)(std::int16_t, std::uint16_t*);
+    KaloStatus(KALO_CALL* list)(std::int16_t, std::int32_t*);
     int firstFixedId;
     KaloStatus countCodes, listCodes;  // the first of each
 };

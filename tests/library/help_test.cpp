@@ -143,7 +143,7 @@ TEST_F(HelpTest, CutsReferencesOnACharacterBoundary) {
 // One kind of reference pulse choice, its elements taken as bytes: an id, then the text.
 struct Kind {
     const char* name;
-    KaloStatus (*count)(std::uint16_t, std::uint16_t*);
+    KaloStatus(KALO_CALL* count)(std::uint16_t, std::uint16_t*);
     std::function<KaloStatus(std::uint16_t country, char* elements)> list;
     std::size_t size;
     std::vector<std::pair<std::uint32_t, std::string>> choices;

@@ -29,14 +29,14 @@ class Guarded {
 
     bool GuardsIntact() const {
         const auto intact = [](const auto& guard) {
-            return std::all_of(guard.begin(), guard.end(), [](unsigned char byte) { return byte == kGuard; });
+            return std::all_of(guard.begin(), guard.end(), [](unsigned char value) { return value == kGuard; });
         };
         return intact(before_) && intact(after_);
     }
     bool Untouched() const {
         const auto* const bytes = reinterpret_cast<const unsigned char*>(&record);
         return std::all_of(bytes, bytes + sizeof(Record),
-                           [this](unsigned char byte) { return byte == fill_; });
+                           [this](unsigned char value) { return value == fill_; });
     }
 
   private:
