@@ -2,7 +2,9 @@
 
 #include <sqlite3.h>
 
-#include <cstring>
+#include <string>
+
+#include "dao/limits.h"
 
 namespace daoengine {
 namespace {
@@ -11,14 +13,19 @@ constexpr std::size_t kChangeCounter = 2;         // word that each commit count
 constexpr std::uint32_t kIndexVersion = 3007000;  // first word of the format that this class knows
 constexpr int kRegionSize = 32768;
 
-bool UsesWriteAheadLog(sqlite3* engine) {
+std::string Setting(sqlite3* engine, const char* pragma) {
     sqlite3_stmt* statement = nullptr;
-    bool log = false;
-    if (sqlite3_prepare_v2(engine, "PRAGMA main.journal_mode", -1, &statement, nullptr) == SQLITE_OK &&
+    std::string value;
+    if (sqlite3_prepare_v2(engine, pragma, -1, &statement, nullptr) == SQLITE_OK &&
         sqlite3_step(statement) == SQLITE_ROW)
-        log = std::strcmp(reinterpret_cast<const char*>(sqlite3_column_text(statement, 0)), "wal") == 0;
+        value = reinterpret_cast<const char*>(sqlite3_column_text(statement, 0));
     sqlite3_finalize(statement);
-    return log;
+    return value;
+}
+
+bool IsAlone(sqlite3* engine) {
+    const char* const path = sqlite3_db_filename(engine, "main");
+    return path == nullptr || *path == '\0' || Setting(engine, "PRAGMA main.locking_mode") == "exclusive";
 }
 
 // The first region of the log's index, as the engine has mapped it.
@@ -33,13 +40,31 @@ const volatile std::uint32_t* MappedIndex(sqlite3* engine) {
 
 }  // namespace
 
+ChangeWatch::~ChangeWatch() {
+    if (engine_ != nullptr) sqlite3_wal_autocheckpoint(engine_, limits::kLogPages);
+}
+
 void ChangeWatch::Attach(sqlite3* engine) {
-    const char* path = sqlite3_db_filename(engine, "main");
-    private_ = path == nullptr || *path == '\0';
-    header_ = !private_ && UsesWriteAheadLog(engine) ? MappedIndex(engine) : nullptr;
-    if (header_ != nullptr && header_[0] != kIndexVersion) header_ = nullptr;
-    if (header_ != nullptr) seen_ = Read();
+    private_ = IsAlone(engine);
     ++epoch_;
+    if (private_ || Setting(engine, "PRAGMA main.journal_mode") != "wal") return;
+    header_ = MappedIndex(engine);
+    if (header_ == nullptr) return;
+    if (header_[0] != kIndexVersion) {
+        header_ = nullptr;
+        return;
+    }
+    seen_ = Read();
+    engine_ = engine;
+    sqlite3_wal_hook(engine, OnCommit, this);
+}
+
+// Takes the place of the hook that writes the log into the file, and does so itself.
+int ChangeWatch::OnCommit(void* self, sqlite3* engine, const char* name, int pages) {
+    ++static_cast<ChangeWatch*>(self)->ownCommits_;
+    if (pages >= limits::kLogPages)
+        sqlite3_wal_checkpoint_v2(engine, name, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
+    return SQLITE_OK;
 }
 
 ChangeWatch::Header ChangeWatch::Read() const {
@@ -59,10 +84,17 @@ std::uint64_t ChangeWatch::Epoch() {
     return epoch_;
 }
 
+void ChangeWatch::OwnWriteBegins() {
+    Epoch();
+    ownCommits_ = 0;
+}
+
 void ChangeWatch::OwnWriteEnded() {
     if (header_ == nullptr) return;
     const Header now = Read();
-    if (now[kChangeCounter] != seen_[kChangeCounter] + 1 && now != seen_) ++epoch_;
+    // More commits than the own ones, or none and yet a new header: others were at work too.
+    const bool onlyOwn = now[kChangeCounter] == seen_[kChangeCounter] + ownCommits_;
+    if (!onlyOwn || (ownCommits_ == 0 && now != seen_)) ++epoch_;
     seen_ = now;
 }
 

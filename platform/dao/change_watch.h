@@ -12,6 +12,11 @@ namespace daoengine {
 // seen last costs no lock and no system call.
 class ChangeWatch {
   public:
+    ChangeWatch() = default;
+    ~ChangeWatch();
+    ChangeWatch(const ChangeWatch&) = delete;
+    ChangeWatch& operator=(const ChangeWatch&) = delete;
+
     // Starts to watch; the connection has read the database before.
     void Attach(sqlite3* engine);
 
@@ -22,7 +27,7 @@ class ChangeWatch {
     std::uint64_t Epoch();
 
     // Enclose one committing statement of the own connection, which by itself does not change the epoch.
-    void OwnWriteBegins() { Epoch(); }
+    void OwnWriteBegins();
     void OwnWriteEnded();
 
   private:
@@ -30,11 +35,14 @@ class ChangeWatch {
     using Header = std::array<std::uint32_t, kWords>;
 
     Header Read() const;
+    static int OnCommit(void* self, sqlite3* engine, const char* name, int pages);
 
     const volatile std::uint32_t* header_ = nullptr;
     Header seen_{};
     std::uint64_t epoch_ = 1;
-    bool private_ = false;  // a database that no other connection can reach
+    std::uint32_t ownCommits_ = 0;  // since OwnWriteBegins
+    sqlite3* engine_ = nullptr;     // set while commits are told
+    bool private_ = false;          // a database that no other connection can reach
 };
 
 }  // namespace daoengine

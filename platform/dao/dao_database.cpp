@@ -5,6 +5,7 @@
 #include "dao/exceptions.h"
 #include "dao/execute.h"
 #include "dao/seam.h"
+#include "dao/table_definition.h"
 #include "mfc/narrow.h"
 
 using daoengine::Guard;
@@ -12,6 +13,7 @@ namespace seam = daoengine::seam;
 
 namespace {
 
+constexpr int kNoSuchItem = 3265;
 constexpr int kNotSet = 3420;
 
 std::string TextOf(LPCTSTR text) {
@@ -48,6 +50,14 @@ short CDaoDatabase::GetTableDefCount() {
         daoengine::Session& session = state_->Session(kNotSet);
         seam::Pass(seam::Call::CountTables);
         return static_cast<short>(session.CountTables());
+    });
+}
+
+void CDaoDatabase::GetTableDefInfo(int index, CDaoTableDefInfo& info) {
+    Guard([&] {
+        const auto names = daoengine::UserTableNames(state_->Session(kNotSet).OwnEngine());
+        if (index < 0 || static_cast<std::size_t>(index) >= names.size()) daoengine::Throw(kNoSuchItem);
+        info.m_strName = NarrowFromUtf8(names[static_cast<std::size_t>(index)]).c_str();
     });
 }
 

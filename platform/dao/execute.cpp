@@ -46,6 +46,24 @@ std::int64_t ChangeRows(Session& session, const Request& request) {
     return RunAction(session, request);
 }
 
+// Drops the copies of external tables when the statement has run.
+class ExternalCopies {
+  public:
+    explicit ExternalCopies(Engine& engine) : engine_(engine) {}
+    ~ExternalCopies() {
+        try {
+            ExternalTables::DropFrom(engine_);
+        } catch (const std::exception&) {
+            // They stay until the next statement of the kind, or the end of the session.
+        }
+    }
+    ExternalCopies(const ExternalCopies&) = delete;
+    ExternalCopies& operator=(const ExternalCopies&) = delete;
+
+  private:
+    Engine& engine_;
+};
+
 std::int64_t Run(Session& session, const Request& request) {
     switch (request.statement->translation.kind) {
         case jetsql::StatementKind::Select:
@@ -76,9 +94,8 @@ std::int64_t ExecuteAction(Session& session, std::string_view sql) {
     const Request request = session.Prepare(sql);
     if (!request.readsExternal) return Run(session, request);
     StoreAllReaders(session);
-    const std::int64_t rows = Run(session, request);
-    ExternalTables::DropFrom(session.OwnEngine());
-    return rows;
+    const ExternalCopies copies(session.OwnEngine());
+    return Run(session, request);
 }
 
 }  // namespace daoengine

@@ -27,7 +27,7 @@ constexpr std::size_t kStoredBytes = 128U * 1024 * 1024;
 
 // A result that is asked for again and is no larger than this stays in memory while its tables are unchanged.
 constexpr std::size_t kKeptResultRows = 16;
-constexpr std::size_t kKeptResultBytes = 8 * 1024;
+constexpr std::size_t kKeptResultBytes = 4 * 1024;
 constexpr std::size_t kKeptResultsPerStatement = 16;
 
 // Lookups of a column by value before the column is indexed in memory, rows that a lookup fetches one by one,
@@ -35,6 +35,9 @@ constexpr std::size_t kKeptResultsPerStatement = 16;
 constexpr int kLookupsBeforeIndex = 2;
 constexpr std::size_t kLookupRows = 256;
 constexpr std::size_t kIndexBytes = 64U * 1024 * 1024;
+
+// Pages in the write-ahead log after which a commit writes them into the file.
+constexpr int kLogPages = 1000;
 
 // A database file grows to the size of the largest Jet file.
 constexpr std::int64_t kFileBytes = 2LL * 1024 * 1024 * 1024;

@@ -117,6 +117,9 @@ bool TryOpen(Session& session, std::string_view sql, Cursor& cursor) {
     } catch (const jet::Error&) {
         cursor.Close();
         if (!session.DesignChanged()) throw;
+    } catch (...) {
+        cursor.Close();
+        throw;
     }
     cursor.Close();
     return false;

@@ -39,6 +39,7 @@ TEST_F(DaoStatementsTest, ErrorsHaveTheirNumbers) {
         {"ALTER TABLE [numbers] DROP COLUMN [gone]", 3381, kTableList},
         {"CREATE UNIQUE INDEX [one] ON [digits] ([d])", 0, kTableList},
         {"INSERT INTO [digits] ([d]) VALUES (3)", 3022, kTableList},
+        {"ALTER TABLE [digits] DROP COLUMN [d]", 3280, kTableList},
         {"", 3129, kTableList},
         {"numbers", 3129, kTableList},
         {" SELECT * FROM [numbers]", 3065, kTableList},
@@ -273,6 +274,10 @@ TEST_F(DaoStatementsTest, AnUnconvertedFileServesExternalReadingsAndCounts) {
     EXPECT_EQ(support::ReadFile(path), before);
     EXPECT_EQ(Rows(sample, "SELECT COUNT (*) AS [n] FROM [nibble_ex_content_query]"), Texts{"175"});
     EXPECT_NE(support::ReadFile(path), before);
+    CDaoRecordset rows(&sample);
+    rows.Open(dbOpenDynaset, "SELECT * FROM [nibble_ex_content_query]");
+    EXPECT_EQ(DaoErrorOf([&] { sample.Execute("DROP TABLE [nibble_ex_content]"); }), 3211) << "read through a query";
+    rows.Close();
     EXPECT_EQ(sample.GetTableDefCount(), 109);
 }
 
