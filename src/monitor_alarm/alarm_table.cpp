@@ -81,8 +81,8 @@ constexpr ModelDeltaCodes kOptionCodes = {
     .customSpec = DaoBase(0x2B310000),
 };
 
-// The changes of the base version are looked up by the unit's firmware version, not by its id: that is what
-// the delta rows of this table are written for.
+// The step for the base version takes the rows of the model_id that equals the unit's firmware version, not its id;
+// built tables depend on it. The unit's own rows come with the steps after it.
 Status ApplyOption(const CString& table, const DeltaIdentity& identity) {
     const Status status =
         Run(DaoBase(0x2B2E0000), SqlOnTable(kOptionBaseChanges, table, {identity.optionFirmware}));

@@ -23,7 +23,7 @@ constexpr bool IsCategory(std::uint16_t category) {
 }
 
 // On and off texts get their terminator at byte 649 of the record, inside the help reference that is copied
-// after them, so that a text of 128 bytes stays unterminated. Hosts rely on the full 128 bytes.
+// after them, so that a text of 128 bytes stays unterminated and is given whole.
 void ReadBitText(Rows& rows, const char* column, char (&text)[128], KaloMonitor& monitor) {
     constexpr std::size_t kTerminator = 649;
     if (!rows.TextUnterminated(column, text, sizeof(text))) return;

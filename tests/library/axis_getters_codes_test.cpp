@@ -18,115 +18,65 @@ std::uint16_t number;
 
 // A getter that looks up one working table of the axis and reads it.
 struct Getter {
-    const char* name;
-    std::function<KaloStatus(std::int16_t axis)> call;
-    KaloStatus notOpen, noAxis, noTable;
+    struct {
+        KaloStatus notOpen, noAxis, noTable;
+    } codes;
     std::vector<FaultRegion> regions;
+    std::function<KaloStatus(std::int16_t axis)> call;
 };
 
 const Getter kGetters[] = {
-    {"KaloGetMonitorNumber",
-     [](auto axis) { return KaloGetMonitorNumber(axis, 1, &number); },
-     0x2A00002C,
-     0x2A00002E,
-     0x2A00002F,
-     {Base(0x2B5C0000), Base(0x2B5D0000)}},
-    {"KaloGetMonitorId",
-     [](auto axis) { return KaloGetMonitorId(axis, 1, 0, &id); },
-     0x2A000022,
-     0x2A000024,
-     0x2A000025,
-     {Base(0x2B580000), Base(0x2B590000)}},
-    {"KaloGetMonitorInfo",
-     [](auto axis) { return KaloGetMonitorInfo(axis, 1, &monitor); },
-     0x2A000028,
-     0x2A000029,
-     0x2A00002A,
-     {Base(0x2B5A0000), Base(0x2B5B0000)}},
-    {"KaloGetAllMonitorInfo",
-     [](auto axis) { return KaloGetAllMonitorInfo(axis, 1, &monitor); },
-     0x2A000028,
-     0x2A000029,
-     0x2A00002A,
-     {Base(0x2B5A0000), Base(0x2B5B0000)}},
-    {"KaloGetAlarmInfo",
-     [](auto axis) { return KaloGetAlarmInfo(axis, 1, &alarm); },
-     0x2A000008,
-     0x2BFF0713,
-     0x2BFF0713,
-     {Base(0x2B250000), Base(0x2B260000)}},
-    {"KaloGetIdxAlarmInfo",
-     [](auto axis) { return KaloGetIdxAlarmInfo(axis, 1, &indexerAlarm); },
-     0x2BFF057D,
-     0x2BFF06DF,
-     0x2BFF06DF,
-     {Code(0x2BFF057C), Code(0x2BFF057A)}},
-    {"KaloGetAlarmNormalId",
-     [](auto axis) { return KaloGetAlarmNormalId(axis, &id); },
-     0x2BFF0070,
-     0x2BFF06DB,
-     0x2BFF06DB,
-     {Code(0x2BFF0073), Code(0x2BFF0071)}},
-    {"KaloGetAppModuleAlarmId",
-     [](auto axis) { return KaloGetAppModuleAlarmId(axis, &id); },
-     0x2BFF08AB,
-     0x2BFF08AC,
-     0x2BFF08AC,
-     {Code(0x2BFF08AF), Code(0x2BFF08AD)}},
-    {"KaloGetAlarmId",
-     [](auto axis) { return KaloGetAlarmId(axis, &id); },
-     0x2BFF0070,
-     0x2BFF06DC,
-     0x2BFF06DC,
-     {Code(0x2BFF007A), Code(0x2BFF0078)}},
-    {"KaloGetAlarmTBId",
-     [](auto axis) { return KaloGetAlarmTBId(axis, &id); },
-     0x2BFF007C,
-     0x2BFF06DD,
-     0x2BFF06DD,
-     {Code(0x2BFF007F), Code(0x2BFF007D)}},
-    {"KaloGetAlarmTBOffset",
-     [](auto axis) { return KaloGetAlarmTBOffset(axis, &number); },
-     0x2BFF0080,
-     0x2BFF06DE,
-     0x2BFF06DE,
-     {Code(0x2BFF0085), Code(0x2BFF0083), Code(0x2BFF0081)}},
-    {"KaloGetAlarmTBNum",
-     [](auto axis) { return KaloGetAlarmTBNum(axis, &number); },
-     0x2BFF0074,
-     0x2BFF0077,
-     0x2BFF0077,
-     {Base(0x2BF10000), Code(0x2BFF0076)}},
-    {"KaloGetErrorId",
-     [](auto axis) { return KaloGetErrorId(axis, &id); },
-     0x2BFF0070,
-     0x2BFF0992,
-     0x2BFF0992,
-     {Code(0x2BFF007A), Code(0x2BFF0993)}},
-    {"KaloGetIONum",
-     [](auto axis) { return KaloGetIONum(axis, 1, &number); },
-     0x2A00002C,
-     0x2A00002E,
-     0x2A00002F,
-     {Base(0x2BC10000), Base(0x2BC20000)}},
-    {"KaloGetIOAddress",
-     [](auto axis) { return KaloGetIOAddress(axis, 1, 0, &address); },
-     0x2A00002C,
-     0x2A00002E,
-     0x2A00002F,
-     {Base(0x2BC10000), Base(0x2BC50000)}},
-    {"KaloGetIOInfo",
-     [](auto axis) { return KaloGetIOInfo(axis, 1, 5, 0, 0, &number, signals); },
-     0x2A00002C,
-     0x2BC70000,
-     0x2A00002F,
-     {Base(0x2BC80000), Base(0x2BCA0000), Base(0x2BCB0000)}},
-    {"KaloGetIOSelectAddress",
-     [](auto axis) { return KaloGetIOSelectAddress(axis, 1, &address); },
-     0x2A00002C,
-     0x2BC70000,
-     0x2A00002F,
-     {Base(0x2BCF0000), Base(0x2BD00000)}},
+    {{0x2A00002C, 0x2A00002E, 0x2A00002F},
+     {Base(0x2B5C0000), Base(0x2B5D0000)},
+     [](auto axis) { return KaloGetMonitorNumber(axis, 1, &number); }},
+    {{0x2A000022, 0x2A000024, 0x2A000025},
+     {Base(0x2B580000), Base(0x2B590000)},
+     [](auto axis) { return KaloGetMonitorId(axis, 1, 0, &id); }},
+    {{0x2A000028, 0x2A000029, 0x2A00002A},
+     {Base(0x2B5A0000), Base(0x2B5B0000)},
+     [](auto axis) { return KaloGetMonitorInfo(axis, 1, &monitor); }},
+    {{0x2A000028, 0x2A000029, 0x2A00002A},
+     {Base(0x2B5A0000), Base(0x2B5B0000)},
+     [](auto axis) { return KaloGetAllMonitorInfo(axis, 1, &monitor); }},
+    {{0x2A000008, 0x2BFF0713, 0x2BFF0713},
+     {Base(0x2B250000), Base(0x2B260000)},
+     [](auto axis) { return KaloGetAlarmInfo(axis, 1, &alarm); }},
+    {{0x2BFF057D, 0x2BFF06DF, 0x2BFF06DF},
+     {Code(0x2BFF057C), Code(0x2BFF057A)},
+     [](auto axis) { return KaloGetIdxAlarmInfo(axis, 1, &indexerAlarm); }},
+    {{0x2BFF0070, 0x2BFF06DB, 0x2BFF06DB},
+     {Code(0x2BFF0073), Code(0x2BFF0071)},
+     [](auto axis) { return KaloGetAlarmNormalId(axis, &id); }},
+    {{0x2BFF08AB, 0x2BFF08AC, 0x2BFF08AC},
+     {Code(0x2BFF08AF), Code(0x2BFF08AD)},
+     [](auto axis) { return KaloGetAppModuleAlarmId(axis, &id); }},
+    {{0x2BFF0070, 0x2BFF06DC, 0x2BFF06DC},
+     {Code(0x2BFF007A), Code(0x2BFF0078)},
+     [](auto axis) { return KaloGetAlarmId(axis, &id); }},
+    {{0x2BFF007C, 0x2BFF06DD, 0x2BFF06DD},
+     {Code(0x2BFF007F), Code(0x2BFF007D)},
+     [](auto axis) { return KaloGetAlarmTBId(axis, &id); }},
+    {{0x2BFF0080, 0x2BFF06DE, 0x2BFF06DE},
+     {Code(0x2BFF0085), Code(0x2BFF0083), Code(0x2BFF0081)},
+     [](auto axis) { return KaloGetAlarmTBOffset(axis, &number); }},
+    {{0x2BFF0074, 0x2BFF0077, 0x2BFF0077},
+     {Base(0x2BF10000), Code(0x2BFF0076)},
+     [](auto axis) { return KaloGetAlarmTBNum(axis, &number); }},
+    {{0x2BFF0070, 0x2BFF0992, 0x2BFF0992},
+     {Code(0x2BFF007A), Code(0x2BFF0993)},
+     [](auto axis) { return KaloGetErrorId(axis, &id); }},
+    {{0x2A00002C, 0x2A00002E, 0x2A00002F},
+     {Base(0x2BC10000), Base(0x2BC20000)},
+     [](auto axis) { return KaloGetIONum(axis, 1, &number); }},
+    {{0x2A00002C, 0x2A00002E, 0x2A00002F},
+     {Base(0x2BC10000), Base(0x2BC50000)},
+     [](auto axis) { return KaloGetIOAddress(axis, 1, 0, &address); }},
+    {{0x2A00002C, 0x2BC70000, 0x2A00002F},
+     {Base(0x2BC80000), Base(0x2BCA0000), Base(0x2BCB0000)},
+     [](auto axis) { return KaloGetIOInfo(axis, 1, 5, 0, 0, &number, signals); }},
+    {{0x2A00002C, 0x2BC70000, 0x2A00002F},
+     {Base(0x2BCF0000), Base(0x2BD00000)},
+     [](auto axis) { return KaloGetIOSelectAddress(axis, 1, &address); }},
 };
 
 class AxisGettersCodesTest : public LibraryTest {
@@ -153,28 +103,28 @@ class AxisGettersCodesTest : public LibraryTest {
 
 TEST_F(AxisGettersCodesTest, UnknownAxesMissingTablesAndClosedDatabasesAreTold) {
     for (const Getter& getter : kGetters) {
-        SCOPED_TRACE(getter.name);
+        SCOPED_TRACE(&getter - kGetters);
         EXPECT_EQ(getter.call(1), 0u);
-        EXPECT_EQ(getter.call(99), getter.noAxis);
-        EXPECT_EQ(getter.call(-2), getter.noTable);
+        EXPECT_EQ(getter.call(99), getter.codes.noAxis);
+        EXPECT_EQ(getter.call(-2), getter.codes.noTable);
         EXPECT_TRUE(LockIsFree());
     }
     for (const char* table : {"T", "I", "A"})
         Execute({"DROP TABLE [" + std::string(table) + "]"});
     for (const Getter& getter : kGetters) {
-        SCOPED_TRACE(getter.name);
+        SCOPED_TRACE(&getter - kGetters);
         const FaultRegion& read = getter.regions[1];
         EXPECT_EQ(getter.call(1), read.base + (read.addsNumber ? 3078 : 0));
         EXPECT_EQ(ReleaseLock(), 1);
     }
     UseClosedDatabase();
     for (const Getter& getter : kGetters)
-        EXPECT_EQ(getter.call(1), getter.notOpen) << getter.name;
+        EXPECT_EQ(getter.call(1), getter.codes.notOpen);
 }
 
 TEST_F(AxisGettersCodesTest, EveryFailingEngineCallHasItsCode) {
     for (const Getter& getter : kGetters) {
-        SCOPED_TRACE(getter.name);
+        SCOPED_TRACE(&getter - kGetters);
         ExpectFaults({.call = [&getter] { return getter.call(1); }, .regions = getter.regions});
     }
 }
