@@ -81,8 +81,8 @@ constexpr ModelDeltaCodes kOptionCodes = {
     .customSpec = DaoBase(0x2B310000),
 };
 
-// The step for the base version takes the rows of the model_id that equals the unit's firmware version, not its id;
-// built tables depend on it. The unit's own rows come with the steps after it.
+// The step for the base version takes the rows of the model_id that equals the unit's firmware version, not
+// its id; built tables depend on it. The unit's own rows come with the steps after it.
 Status ApplyOption(const CString& table, const DeltaIdentity& identity) {
     const Status status =
         Run(DaoBase(0x2B2E0000), SqlOnTable(kOptionBaseChanges, table, {identity.optionFirmware}));
