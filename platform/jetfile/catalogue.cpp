@@ -59,6 +59,7 @@ void ForEachSystemRow(const DatabaseFile& file, std::uint32_t definitionPage,
     ReadBudget budget(file.pages.FileSize());
     const TableDefinition table = ReadTableDefinition(file, definitionPage, budget);
     std::vector<StoredColumn> selected;
+    selected.reserve(columns.size());
     for (const std::string& column : columns)
         selected.push_back(table.columns[table.ColumnIndex(column)]);
     TableRows(file, table, selected).ForEach([&](Row&& row) {

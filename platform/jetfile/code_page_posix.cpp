@@ -16,7 +16,7 @@ class Converter {
   public:
     explicit Converter(std::uint16_t codePage) : codePage_(codePage) {
         handle_ = iconv_open("UTF-8", ("CP" + std::to_string(codePage)).c_str());
-        if (handle_ == reinterpret_cast<iconv_t>(-1)) ThrowDamaged("text in an unknown code page");
+        if (reinterpret_cast<std::intptr_t>(handle_) == -1) ThrowDamaged("text in an unknown code page");
     }
     Converter(const Converter&) = delete;
     Converter& operator=(const Converter&) = delete;
