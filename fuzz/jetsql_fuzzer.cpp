@@ -10,8 +10,8 @@
 #include "jetsql/names.h"
 #include "jetsql/translator.h"
 
-// Any text: it is refused by an error number, or becomes SQL that SQLite prepares, with as many outputs as were
-// promised and no parameter beyond the statement's literals.
+// Any text: it is refused by an error number, or becomes SQL that SQLite prepares, with as many outputs as
+// were promised and no parameter beyond the statement's literals.
 namespace {
 
 jet::Column Column(const char* name, jet::Type type, int size = 0) {
@@ -29,17 +29,19 @@ class FuzzDatabase : public jetsql::Catalogue {
         sqlite3_db_config(connection_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
         jetsql::RegisterFunctions(connection_);
         w_.name = "w";
-        w_.columns = {Column("id", jet::Type::Long),         Column("name", jet::Type::Text, 10),
-                      Column("value", jet::Type::Integer),   Column("memo", jet::Type::Memo),
-                      Column("flag", jet::Type::Boolean),    Column("order", jet::Type::Byte),
-                      Column("price", jet::Type::Currency),  Column("when", jet::Type::DateTime),
-                      Column("single", jet::Type::Single),   Column("double", jet::Type::Double),
-                      Column("guid", jet::Type::Guid),       Column("bytes", jet::Type::Binary, 4),
+        w_.columns = {Column("id", jet::Type::Long),        Column("name", jet::Type::Text, 10),
+                      Column("value", jet::Type::Integer),  Column("memo", jet::Type::Memo),
+                      Column("flag", jet::Type::Boolean),   Column("order", jet::Type::Byte),
+                      Column("price", jet::Type::Currency), Column("when", jet::Type::DateTime),
+                      Column("single", jet::Type::Single),  Column("double", jet::Type::Double),
+                      Column("guid", jet::Type::Guid),      Column("bytes", jet::Type::Binary, 4),
                       Column("digits", jet::Type::Decimal)};
         d_.name = "d";
-        d_.columns = {Column("id", jet::Type::Long), Column("name", jet::Type::Text, 20), Column("n", jet::Type::Long)};
+        d_.columns = {Column("id", jet::Type::Long), Column("name", jet::Type::Text, 20),
+                      Column("n", jet::Type::Long)};
         d_.columns[2].counter = true;
-        for (const jet::Table* table : {&w_, &d_}) Execute(jetsql::CreateTableSql(*table));
+        for (const jet::Table* table : {&w_, &d_})
+            Execute(jetsql::CreateTableSql(*table));
     }
 
     const jet::Table* FindTable(std::string_view name) override {
@@ -66,13 +68,17 @@ class FuzzDatabase : public jetsql::Catalogue {
         if (sqlite3_prepare_v2(connection_, translation.sql.c_str(), -1, &statement, nullptr) != SQLITE_OK) {
             Fail(sqlite3_errmsg(connection_), translation);
         }
-        if (static_cast<std::size_t>(sqlite3_bind_parameter_count(statement)) > literals) Fail("parameters", translation);
-        if (static_cast<std::size_t>(sqlite3_column_count(statement)) != translation.columns.size()) Fail("columns", translation);
+        if (static_cast<std::size_t>(sqlite3_bind_parameter_count(statement)) > literals)
+            Fail("parameters", translation);
+        if (static_cast<std::size_t>(sqlite3_column_count(statement)) != translation.columns.size())
+            Fail("columns", translation);
         sqlite3_finalize(statement);
     }
 
   private:
-    void Execute(const std::string& sql) { sqlite3_exec(connection_, sql.c_str(), nullptr, nullptr, nullptr); }
+    void Execute(const std::string& sql) {
+        sqlite3_exec(connection_, sql.c_str(), nullptr, nullptr, nullptr);
+    }
 
     [[noreturn]] static void Fail(const char* reason, const jetsql::Translation& translation) {
         std::fprintf(stderr, "%s: %s\n", reason, translation.sql.c_str());
