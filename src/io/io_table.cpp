@@ -56,6 +56,7 @@ constexpr ModelDeltaCodes kIoCodes = {
 }  // namespace
 
 Status BuildIoTable(const CString& table, const CString& modelName, const DeltaIdentity& identity) {
+    DropLeftover(table);
     const Status status = Run(DaoBase(0x2BA90000), Sql("SELECT * INTO [%s] FROM [%s_Io]", table, modelName));
     if (status != kOk) return status;
     return ApplyModelDeltas(table, kIoDeltas, kIoCodes, identity);

@@ -118,6 +118,8 @@ Status Localise(const CString& table, std::int32_t country) {
 // The alarms are put together in a build table, which is copied in display order and then dropped.
 Status BuildAlarmTable(const CString& table, const CString& buildTable, const CString& modelName,
                        const DeltaIdentity& identity, std::int32_t country) {
+    DropLeftover(buildTable);
+    DropLeftover(table);
     Status status =
         Run(DaoBase(0x2B2A0000), Sql("SELECT * INTO [%s] FROM [%s_DispAl]", buildTable, modelName));
     if (status == kOk) status = ApplyAlarmDeltas(buildTable, identity);

@@ -118,6 +118,7 @@ Status Localise(const CString& table, std::int32_t country) {
 
 Status BuildMonitorTable(const CString& table, const CString& modelName, const DeltaIdentity& identity,
                          std::int32_t country) {
+    DropLeftover(table);
     Status status = Run(DaoBase(0x2BA30000), Sql("SELECT * INTO [%s] FROM [%s_Mon]", table, modelName));
     if (status == kOk) status = ApplyModelDeltas(table, kMonitorDeltas, kMonitorCodes, identity);
     if (status == kOk) status = Localise(table, country);

@@ -26,9 +26,9 @@ Status ReadSwitch(std::int32_t funcId, KaloDigitSwitch& found) {
     return Locked(DaoCode(kReadFailed), [&]() -> Status {
         Rows rows(Sql("SELECT * FROM [%s] WHERE func_id = %d", kSwitchTable.workTable, funcId));
         if (rows.Empty()) return kNoFunction;
-        rows.Number("fixed_id", found.fixed_id);
-        rows.Number("digit", found.digit);
-        rows.Number("value", found.value);
+        found.fixed_id = rows.NumberOr("fixed_id", found.fixed_id);
+        found.digit = rows.NumberOr("digit", found.digit);
+        found.value = rows.NumberOr("value", found.value);
         return kOk;
     });
 }

@@ -27,12 +27,12 @@ Status ReadValues(const OnDaoError& onError, std::int32_t contentId, ValueArray&
         for (rows.First(); !rows.AtEnd() && array.filled < array.capacity; rows.Next()) {
             KaloDigitValue& value = array.values[array.filled++];
             value = {};
-            rows.Number("access_level", value.access_level);
-            rows.Number("content_value", value.content_value);
-            rows.Number("message_type", value.message_type);
-            rows.Number("content_name_id", value.content_name_id);
+            value.access_level = rows.NumberOr("access_level", value.access_level);
+            value.content_value = rows.NumberOr("content_value", value.content_value);
+            value.message_type = rows.NumberOr("message_type", value.message_type);
+            value.content_name_id = rows.NumberOr("content_name_id", value.content_name_id);
             rows.Text("name_str", value.name);
-            rows.Number("message_id", value.message_id);
+            value.message_id = rows.NumberOr("message_id", value.message_id);
         }
         return kOk;
     });

@@ -51,7 +51,7 @@ Status AppendGroups(const OnDaoError& onError, const CString& statement, GroupAr
         for (rows.First(); !rows.AtEnd() && array.filled < array.capacity; rows.Next()) {
             KaloGroup& group = array.groups[array.filled++];
             group = {};
-            rows.Number("category_id", group.category_id);
+            group.category_id = rows.NumberOr("category_id", group.category_id);
             rows.Text("category_name", group.category_name);
         }
         return kOk;

@@ -20,11 +20,11 @@ void ReadDescription(Rows& rows, KaloAnalogTrace& record) {
     const void* end = &record + 1;
     rows.TextWhole("target_name", record.target_name, end);
     rows.TextWhole("unit", record.unit, end);
-    rows.Number("unit_multiplier", record.unit_multiplier);
+    record.unit_multiplier = rows.NumberOr("unit_multiplier", record.unit_multiplier);
     rows.TextWhole("unit_name", record.unit_name, end);
-    rows.Number("limit", record.limit);
-    rows.Number("max_level", record.max_level);
-    rows.Number("min_level", record.min_level);
+    record.limit = rows.NumberOr("limit", record.limit);
+    record.max_level = rows.NumberOr("max_level", record.max_level);
+    record.min_level = rows.NumberOr("min_level", record.min_level);
 }
 
 void ClearRecord(KaloAnalogTrace& record, std::int32_t targetNameId) {
@@ -122,11 +122,11 @@ KaloStatus KALO_CALL KaloGetAnalogtraceInfo(std::int16_t axis, std::int32_t targ
     return OverTraceTable(kGetter, axis, {targetNameId}, [&](Rows& rows) -> Status {
         ClearRecord(*record, targetNameId);
         if (rows.Empty()) return kUnknownId;
-        rows.Number("analog_id", record->analog_id);
+        record->analog_id = rows.NumberOr("analog_id", record->analog_id);
         ReadDescription(rows, *record);
-        rows.Number("display_flag", record->display_flag);
-        rows.Number("conversion_type", record->conversion_type);
-        rows.Number("default_flag", record->default_flag);
+        record->display_flag = rows.NumberOr("display_flag", record->display_flag);
+        record->conversion_type = rows.NumberOr("conversion_type", record->conversion_type);
+        record->default_flag = rows.NumberOr("default_flag", record->default_flag);
         return kOk;
     });
 }

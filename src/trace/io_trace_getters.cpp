@@ -14,8 +14,8 @@ static_assert(offsetof(KaloIoTrace, reverse) == 28 && offsetof(KaloIoTrace, defa
 // The fields that a signal has with and without an axis.
 void ReadDescription(Rows& rows, KaloIoTrace& record) {
     rows.TextWhole("io_name", record.io_name, &record + 1);
-    rows.Number("value", record.value);
-    rows.Number("reverse", record.reverse);
+    record.value = rows.NumberOr("value", record.value);
+    record.reverse = rows.NumberOr("reverse", record.reverse);
 }
 
 void ClearRecord(KaloIoTrace& record, std::int32_t ioId) {
@@ -99,7 +99,7 @@ KaloStatus KALO_CALL KaloGetIotraceInfo(std::int16_t axis, std::int32_t ioId, Ka
         ClearRecord(*record, ioId);
         if (rows.Empty()) return kUnknownId;
         ReadDescription(rows, *record);
-        rows.Number("default_flag", record->default_flag);
+        record->default_flag = rows.NumberOr("default_flag", record->default_flag);
         return kOk;
     });
 }

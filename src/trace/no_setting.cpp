@@ -52,8 +52,8 @@ KaloStatus KALO_CALL KaloGetTraceNoSettingValue(std::int32_t axis, std::uint16_t
     if (status != kOk) return status;
     status = ReadFirst(DaoCode(kReadFailed), Sql("SELECT * FROM [%s] ORDER BY [order] DESC", table), kEmpty,
                        [&](Rows& rows) {
-                           rows.Number("analog_id", noAnalog.analog_id);
-                           rows.Number("target_name_id", noAnalog.target_name_id);
+                           noAnalog.analog_id = rows.NumberOr("analog_id", noAnalog.analog_id);
+                           noAnalog.target_name_id = rows.NumberOr("target_name_id", noAnalog.target_name_id);
                        });
     if (status != kOk) return status;
     if (count > 0) analog[0] = noAnalog;
@@ -61,8 +61,8 @@ KaloStatus KALO_CALL KaloGetTraceNoSettingValue(std::int32_t axis, std::uint16_t
     if (status != kOk) return status;
     status = ReadFirst(DaoCode(kReadFailed), Sql("SELECT * FROM [%s] ORDER BY [order] DESC", table), kEmpty,
                        [&](Rows& rows) {
-                           rows.Number("value", noIo.value);
-                           rows.Number("io_id", noIo.io_id);
+                           noIo.value = rows.NumberOr("value", noIo.value);
+                           noIo.io_id = rows.NumberOr("io_id", noIo.io_id);
                        });
     if (status != kOk) return status;
     Repeat(noAnalog, count, analog);
@@ -78,13 +78,15 @@ KaloStatus KALO_CALL KaloGetTraceOfflineNoSettingValue(std::uint32_t /*reserved*
     KaloNoIoTrace noIo = {};
     Status status =
         ReadFirst(DaoCode(kReadFailed), "SELECT * FROM [AnalogTraceInfo] ORDER BY [target_name_id] DESC",
-                  kEmpty, [&](Rows& rows) { rows.Number("target_name_id", noAnalog.target_name_id); });
+                  kEmpty, [&](Rows& rows) {
+                      noAnalog.target_name_id = rows.NumberOr("target_name_id", noAnalog.target_name_id);
+                  });
     if (status != kOk) return status;
     if (count > 0) analog[0] = noAnalog;
     status = ReadFirst(DaoCode(kReadFailed), "SELECT * FROM [IOTraceInfo] ORDER BY [io_id] DESC", kEmpty,
                        [&](Rows& rows) {
-                           rows.Number("io_id", noIo.io_id);
-                           rows.Number("value", noIo.value);
+                           noIo.io_id = rows.NumberOr("io_id", noIo.io_id);
+                           noIo.value = rows.NumberOr("value", noIo.value);
                        });
     if (status != kOk) return status;
     Repeat(noAnalog, count, analog);

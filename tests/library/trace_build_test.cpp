@@ -68,8 +68,8 @@ TEST_F(TraceBuildTest, EveryCombinationSpecVersionAndControlTypeIsBuilt) {
         {34, KALO_NO_OPTION}, {34, 3}};
     int analogRows[3] = {};
     for (const auto& [servo, option] : combinations) {
-        for (const std::int16_t specVersion : {1, 2, 9}) {
-            for (const std::int16_t control : {1, 2}) {
+        for (const std::int16_t specVersion : {std::int16_t{1}, std::int16_t{2}, std::int16_t{9}}) {
+            for (const std::int16_t control : {std::int16_t{1}, std::int16_t{2}}) {
                 const Drive drive = {servo, 2, 0, option, 1, 0};
                 ASSERT_EQ(BuildAnalog(drive, 1, specVersion, specVersion % 3), 0u) << servo << ' ' << option;
                 ASSERT_EQ(BuildIo(drive, 1, specVersion, control), 0u) << servo << ' ' << option;
