@@ -278,7 +278,7 @@ TEST_F(DigitsTest, EveryGetterHasItsCodes) {
 class DigitsSampleTest : public LibraryTest {};
 
 TEST_F(DigitsSampleTest, EveryDigitHasNamedValuesAndGroupsHoldTheirMembers) {
-    for (const std::uint16_t country : {0, 1, 2}) {
+    for (const std::uint16_t country : {std::uint16_t{0}, std::uint16_t{1}, std::uint16_t{2}}) {
         OpenSession(country);
         ASSERT_EQ(KaloUparaCreate(static_cast<std::int16_t>(country), 18, 5, 202, 4, 3, 3, 202, 1), 0u);
         ASSERT_EQ(KaloModelInfoCreate(18, 5, 202, 4, 3, 3, 202, 302, 4, 3, 1), 0u);

@@ -107,7 +107,7 @@ TEST_F(TraceBuildTest, FailuresSayWhereAndBlockNoLaterBuild) {
     EXPECT_EQ(BuildAnalog(kPlain, 1, 0), 0x2BFF1261u);
     EXPECT_EQ(BuildAnalog(kPlain, 1, 2, 7), 0x2BFF000Du) << "a language without names";
     EXPECT_FALSE(TableExists("AMPA100_1_0_anatemp"));
-    Execute({"UPDATE [unit] SET [unit_str_id] = -1"});
+    Execute({"UPDATE [unit] SET [unit_str_id] = [unit_str_id] + 1000"});
     EXPECT_EQ(BuildAnalog(kPlain, 1), 0x2BFF0010u);
     EXPECT_FALSE(TableExists("AMPA100_1_0_anatemp"));
     Execute(
@@ -121,6 +121,10 @@ TEST_F(TraceBuildTest, EveryFailingStatementHasItsCode) {
         Execute({"DELETE * FROM [tablemanager]",
                  "INSERT INTO [tablemanager] ([axis_num],[analogtrace_table],"
                  "[iotrace_table]) VALUES (1,'PreviousA','PreviousI')"});
+        for (const char* kind : {"anatemp", "analogtrace", "iotemp", "iotrace"}) {
+            const std::string table = "AMPB200_FN_5_202_3_202_" + std::string(kind);
+            if (TableExists(table)) Execute({"DROP TABLE [" + table + "]"});
+        }
         for (const char* table : {"PreviousA", "PreviousI"}) {
             if (!TableExists(table)) Execute({"CREATE TABLE [" + std::string(table) + "] ([a] LONG)"});
         }

@@ -16,6 +16,8 @@ class TraceTest : public LibraryTest {
   protected:
     TraceTest() {
         UseDatabase(kRegistry);
+        Execute({"ALTER TABLE [tablemanager] ADD COLUMN [analogtrace_table] TEXT(64)",
+                 "ALTER TABLE [tablemanager] ADD COLUMN [iotrace_table] TEXT(64)"});
         Execute(
             {"CREATE TABLE [A] ([analog_id] LONG, [target_name_id] LONG, [target_name] TEXT(80), [index] "
              "LONG, "
