@@ -30,6 +30,11 @@ struct CDaoErrorInfo {
     LONG m_lHelpContext = 0;
 };
 
+// What CDaoDatabase tells of one of its tables.
+struct CDaoTableDefInfo {
+    CString m_strName;
+};
+
 // What a failing DAO call throws, by pointer.
 class CDaoException : public CException {
   public:
@@ -58,6 +63,8 @@ class CDaoDatabase : public CObject {
     BOOL IsOpen() const;
     // Number of base tables, counted at the time of the call.
     short GetTableDefCount();
+    // The base table at an index, in the order in which they were made; throws 3265 past the last one.
+    void GetTableDefInfo(int index, CDaoTableDefInfo& info);
     void Execute(LPCTSTR sql, int options = dbFailOnError);
     long GetRecordsAffected();
 

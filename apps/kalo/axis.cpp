@@ -1,0 +1,32 @@
+#include "axis.h"
+
+#include <kalodata/alarms.h>
+#include <kalodata/axis.h>
+#include <kalodata/monitors.h>
+#include <kalodata/parameters.h>
+
+namespace cli {
+
+void BuildParameters(const Combination& c, std::uint16_t language) {
+    Check("KaloUparaCreate",
+          KaloUparaCreate(static_cast<std::int16_t>(language), c.model, c.firmware, c.customSpec, c.power, c.option,
+                          c.optionFirmware, c.optionCustomSpec, kAxis));
+}
+
+void BuildMonitors(const Combination& c, std::uint16_t language) {
+    Check("KaloMonCreate", KaloMonCreate(language, c.model, c.firmware, c.customSpec, c.power, c.option,
+                                         c.optionFirmware, c.optionCustomSpec, kAxis));
+}
+
+void BuildAlarms(const Combination& c, std::uint16_t language) {
+    Check("KaloAlarmCreate", KaloAlarmCreate(language, c.model, c.firmware, c.customSpec, c.power, c.option,
+                                             c.optionFirmware, c.optionCustomSpec, kAxis));
+}
+
+void Identify(const Combination& c, const Motor& motor) {
+    Check("KaloModelInfoCreate",
+          KaloModelInfoCreate(c.model, c.firmware, c.customSpec, c.power, c.option, c.optionFirmware,
+                              c.optionCustomSpec, motor.id, motor.encoder, motor.encoderFirmware, kAxis));
+}
+
+}  // namespace cli

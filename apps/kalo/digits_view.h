@@ -1,0 +1,14 @@
+#pragma once
+
+#include <kalodata/parameters.h>
+
+#include <vector>
+
+#include "output.h"
+
+namespace cli {
+
+// Prints the digits of those parameters that have any: each digit's name, its values and their meanings.
+void PrintDigits(const std::vector<KaloUserParameter>& parameters, std::uint16_t language, Format format);
+
+}  // namespace cli

@@ -1,0 +1,92 @@
+#include <kalodata/digits.h>
+#include <kalodata/parameters.h>
+#include <fmt/format.h>
+
+#include <memory>
+
+#include "axis.h"
+#include "commands.h"
+#include "digits_view.h"
+#include "failure.h"
+#include "groups.h"
+#include "session.h"
+#include "table.h"
+#include "text.h"
+
+namespace cli {
+namespace {
+
+using Parameter = KaloUserParameter;
+
+struct Options {
+    CommonOptions common;
+    Combination combination;
+    bool digits = false;
+    std::string group;
+};
+
+constexpr Field<Parameter> kFields[] = {
+    {"number", Shown::Always, [](const Parameter& p) { return Cell(FieldText(p.user_constant)); }},
+    {"parameter_id", Shown::Hex, [](const Parameter& p) { return Cell(p.parameter_id); }},
+    {"name", Shown::Always, [](const Parameter& p) { return Cell(FieldText(p.parameter_name)); }},
+    {"category_id", Shown::Detail, [](const Parameter& p) { return Cell(p.category_id); }},
+    {"category", Shown::Always, [](const Parameter& p) { return Cell(FieldText(p.category_name)); }},
+    {"min", Shown::Always, [](const Parameter& p) { return Cell(p.min); }},
+    {"max", Shown::Always, [](const Parameter& p) { return Cell(p.max); }},
+    {"initial", Shown::Always, [](const Parameter& p) { return Cell(p.initial_value); }},
+    {"step", Shown::Always, [](const Parameter& p) { return Cell(p.unit_multiplier); }},
+    {"unit", Shown::Always, [](const Parameter& p) { return Cell(FieldText(p.unit)); }},
+    {"unit_name", Shown::Detail, [](const Parameter& p) { return Cell(FieldText(p.unit_name)); }},
+    {"size", Shown::Detail, [](const Parameter& p) { return Cell(p.size); }},
+    {"volatile_address", Shown::Detail, [](const Parameter& p) { return Cell(p.volatile_address); }},
+    {"nonvolatile_address", Shown::Detail, [](const Parameter& p) { return Cell(p.nonvolatile_address); }},
+    {"min_check", Shown::Detail, [](const Parameter& p) { return Cell(p.min_check); }},
+    {"max_check", Shown::Detail, [](const Parameter& p) { return Cell(p.max_check); }},
+    {"nibble_data_id", Shown::Detail, [](const Parameter& p) { return Cell(p.nibble_data_id); }},
+    {"dec_data_id", Shown::Detail, [](const Parameter& p) { return Cell(p.dec_data_id); }},
+    {"decdata_num", Shown::Detail, [](const Parameter& p) { return Cell(p.decdata_num); }},
+    {"edit_type", Shown::Detail, [](const Parameter& p) { return Cell(p.edit_type); }},
+    {"disp_type", Shown::Detail, [](const Parameter& p) { return Cell(p.disp_type); }},
+    {"user_level", Shown::Detail, [](const Parameter& p) { return Cell(p.user_level); }},
+    {"access_level", Shown::Detail, [](const Parameter& p) { return Cell(p.access_level); }},
+    {"sv_control_type", Shown::Detail, [](const Parameter& p) { return Cell(p.sv_control_type); }},
+    {"control_mode", Shown::Detail, [](const Parameter& p) { return Cell(p.control_mode); }},
+    {"effective_timing", Shown::Detail, [](const Parameter& p) { return Cell(p.effective_timing); }},
+    {"fixed_id", Shown::Detail, [](const Parameter& p) { return Cell(p.fixed_id); }},
+    {"help", Shown::Detail, [](const Parameter& p) { return Cell(FieldText(p.parameter_help)); }},
+};
+
+std::vector<Parameter> ReadParameters() {
+    return ReadList<Parameter, std::uint16_t>(
+        "KaloGetUParaNum", [](std::uint16_t* count) { return KaloGetUParaNum(kAxis, count); }, "KaloGetAllUParaInfo",
+        [](std::uint16_t count, Parameter* records) {
+            return KaloGetAllUParaInfo(kAxis, static_cast<std::int16_t>(count), records);
+        });
+}
+
+void Show(const Options& options) {
+    const Session session(options.common);
+    BuildParameters(options.combination, options.common.language);
+    std::vector<Parameter> parameters = ReadParameters();
+    if (!options.group.empty()) {
+        // Additional groups are those of the axis's devices.
+        Identify(options.combination);
+        parameters = MembersOf(options.group, parameters);
+    }
+    if (options.digits) PrintDigits(parameters, options.common.language, options.common.format);
+    else Print(TableOf(kFields, parameters), options.common.format);
+}
+
+}  // namespace
+
+void AddParamsCommand(CLI::App& app) {
+    CLI::App* command = app.add_subcommand("params", "User parameters of an amplifier, as its versions have them");
+    auto options = std::make_shared<Options>();
+    AddCommon(*command, options->common);
+    AddCombination(*command, options->combination)->required();
+    command->add_flag("--digits", options->digits, "Digits of parameters that have them, with values and meanings");
+    command->add_option("--group", options->group, "Only one category or additional group, by its name or id");
+    command->final_callback([options] { Show(*options); });
+}
+
+}  // namespace cli
