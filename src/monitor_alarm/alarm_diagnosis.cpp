@@ -117,18 +117,19 @@ void ReadDiagnosis(Rows& rows, KaloAlarmDiagnosis& diagnosis, const void* end) {
     diagnosis.condition_count = ReadConditions(rows, diagnosis.conditions);
 }
 
+constexpr Status kNoTypeInData = 0x2BFF239E;
+
 // A fixed id that several monitors have multiplies the rows of the join: no more are written than were
 // counted.
 Status ReadDiagnoses(const CString& monitors, const Selection& selection, KaloAlarmDiagnosis* diagnoses,
                      std::uint16_t count) {
-    constexpr Status kNoType = 0x2BFF239E;
     const KaloAlarmDiagnosis* const end = diagnoses + count;
     return Locked(DaoCode(0x2BFF239C), [&] {
         Rows rows(
             SqlOnTable(kDiagnosisStatement, monitors, {static_cast<std::int32_t>(selection.alarmCode)}));
         for (; !rows.AtEnd(); rows.Next()) {
             std::uint16_t type = 0;
-            if (!rows.Number("type", type)) return kNoType;
+            if (!rows.Number("type", type)) return kNoTypeInData;
             if (!selection.Includes(type)) continue;
             if (diagnoses == end) break;
             ReadDiagnosis(rows, *diagnoses++, end);
@@ -154,8 +155,10 @@ KaloStatus KALO_CALL KaloGetAlarmDiagData(std::int16_t axis_num, std::uint32_t a
         Status status = FindMonitors(axis_num, monitors);
         if (status != kOk) return status;
         std::uint16_t count = 0;
-        status = CountDiagnoses(selection, count);
-        if (status == kCountFailed) return status;
-        return ReadDiagnoses(monitors, selection, diagnoses, count);
+        const Status counted = CountDiagnoses(selection, count);
+        if (counted == kCountFailed) return counted;
+        status = ReadDiagnoses(monitors, selection, diagnoses, count);
+        // The list may be full before it comes to a diagnosis without type that ended the count.
+        return status == kOk && counted != kOk ? kNoTypeInData : status;
     });
 }

@@ -156,6 +156,8 @@ TEST_F(DiagnosisTest, ADiagnosisWithoutTypeStopsBoth) {
     Guarded<KaloAlarmDiagnosis> guarded;
     EXPECT_EQ(Read(0, &guarded.record), 0x2BFF239Eu);
     EXPECT_STREQ(guarded.record.confirm, "how");
+    Execute({"UPDATE [alarm_diag] SET [priority] = 9 WHERE [priority] = 2"});
+    EXPECT_EQ(Read(0, &guarded.record), 0x2BFF239Eu) << "also when the records are full before it";
     EXPECT_TRUE(guarded.GuardsIntact());
 }
 
