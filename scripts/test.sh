@@ -49,9 +49,6 @@ run_fuzz() {
     scripts/fuzz.sh "${KALO_FUZZ_SECONDS:-20}"
 }
 
-if [ -d ../shared/data/access ]; then
-    export KALO_MDB_CORPUS="${KALO_MDB_CORPUS:-$PWD/../shared/data/access}"
-fi
 for name in "${@:-lint release asan tsan fuzz}"; do
     for part in $name; do "run_$part"; done
 done
