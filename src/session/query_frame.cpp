@@ -74,6 +74,9 @@ long Rows::Count() {
 }
 
 bool Rows::Read(const char* column) {
+    // A field narrower than 32 bits need not write the others, which Value and Number read too.
+    value_.Clear();
+    AfxVariantInit(&value_);
     recordset_.GetFieldValue(column, value_);
     return V_VT(&value_) != VT_NULL;
 }
