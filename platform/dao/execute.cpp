@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include "dao/limits.h"
 #include "dao/recordset_state.h"
 #include "dao/session.h"
 #include "jet/error.h"
@@ -14,7 +15,7 @@ std::int64_t RunOnce(Engine& engine, const Request& request) {
     CachedStatement& shape = *request.statement;
     Statement statement = shape.main.Take(engine, shape.translation.sql);
     statement.Bind(request.shape.literals);
-    RunMeter::Account account;
+    RunMeter::Account account{.mostSteps = limits::kActionSteps};
     while (statement.Step(account)) {
     }
     const std::int64_t rows = sqlite3_changes64(engine.Handle());

@@ -1,6 +1,7 @@
 #include <sqlite3.h>
 
 #include "dao/execute.h"
+#include "dao/limits.h"
 #include "dao/recordset_state.h"
 #include "dao/session.h"
 #include "jetsql/ddl.h"
@@ -32,7 +33,7 @@ std::int64_t CreateFilled(Engine& engine, const Request& request) {
                    "INSERT INTO " + jetsql::Quoted(translation.definition.name) + ' ' + translation.sql,
                    Work::Rows);
     fill.Bind(request.shape.literals);
-    RunMeter::Account account;
+    RunMeter::Account account{.mostSteps = limits::kActionSteps};
     while (fill.Step(account)) {
     }
     return sqlite3_changes64(engine.Handle());

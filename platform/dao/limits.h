@@ -14,9 +14,11 @@ constexpr int kBusyMilliseconds = 5000;
 // Statements kept translated and prepared.
 constexpr std::size_t kCachedStatements = 512;
 
-// Virtual machine steps that a statement may take: about four seconds. A scan of 200,000 rows takes some five
-// million.
-constexpr std::int64_t kStatementSteps = 300'000'000;
+// Virtual machine steps that the rows of a recordset and an action may take: one or two seconds, and some
+// five. A scan of 200,000 rows takes five million; an action may look through such a table for a hundred
+// rows.
+constexpr std::int64_t kSelectSteps = 100'000'000;
+constexpr std::int64_t kActionSteps = 300'000'000;
 // Steps between two looks at the counters.
 constexpr int kStepsPerLook = 20'000;
 // Memory that the engine may take on while a statement runs (sorting, temporary tables).

@@ -2,8 +2,6 @@
 
 #include <sqlite3.h>
 
-#include "dao/limits.h"
-
 namespace daoengine {
 
 void RunMeter::Attach(sqlite3* engine) {
@@ -19,7 +17,7 @@ int RunMeter::OnProgress(void* self) {
 }
 
 bool RunMeter::Exceeded() const {
-    return account_->steps > limits::kStatementSteps ||
+    return account_->steps > account_->mostSteps ||
            sqlite3_memory_used() - account_->memoryAtStart > limits::kStatementMemory;
 }
 

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "dao/limits.h"
+
 struct sqlite3;
 
 namespace daoengine {
@@ -11,6 +13,7 @@ class RunMeter {
   public:
     // What one statement has used so far.
     struct Account {
+        std::int64_t mostSteps = limits::kSelectSteps;
         std::int64_t steps = 0;
         std::int64_t memoryAtStart = -1;
     };

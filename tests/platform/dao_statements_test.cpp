@@ -84,6 +84,8 @@ TEST_F(DaoStatementsTest, FailedStatementLeavesNothing) {
     EXPECT_EQ(ErrorOfRun("INSERT INTO [narrow] SELECT ([id] + 9) MOD 10 AS [id] FROM [numbers]"), 3022);
     EXPECT_EQ(ErrorOfRun("UPDATE [narrow] SET [id] = 3000000000 * [id]"), 3349);
     EXPECT_EQ(Rows("SELECT * FROM [narrow]"), before);
+    EXPECT_EQ(ErrorOfRun("SELECT [id] * 1000000000 AS [big] INTO [broken] FROM [numbers]"), 3349);
+    EXPECT_EQ(ErrorOfOpen("SELECT * FROM [broken]"), 3078) << "no table without its rows";
 }
 
 TEST_F(DaoStatementsTest, OpenRecordsetsKeepTheirRowsBesideChanges) {
@@ -240,9 +242,7 @@ TEST_F(DaoStatementsTest, RunawayStatementsEnd) {
     });
     EXPECT_EQ(counted, 3035);
     EXPECT_EQ(ErrorOfOpen("SELECT [s0].* FROM " + from + " ORDER BY [s12].[id]"), 3035);
-    EXPECT_EQ(ErrorOfRun("SELECT [s0].[id] INTO [huge] FROM " + from), 3035);
-    EXPECT_LT(std::clock() - start, 30 * CLOCKS_PER_SEC);
-    EXPECT_EQ(ErrorOfOpen("SELECT * FROM [huge]"), 3078);
+    EXPECT_LT(std::clock() - start, 20 * CLOCKS_PER_SEC);
     EXPECT_EQ(Rows("SELECT COUNT (*) AS [n] FROM [same]"), Texts{"42"}) << "the next statement runs";
 }
 
@@ -276,7 +276,8 @@ TEST_F(DaoStatementsTest, AnUnconvertedFileServesExternalReadingsAndCounts) {
     EXPECT_NE(support::ReadFile(path), before);
     CDaoRecordset rows(&sample);
     rows.Open(dbOpenDynaset, "SELECT * FROM [nibble_ex_content_query]");
-    EXPECT_EQ(DaoErrorOf([&] { sample.Execute("DROP TABLE [nibble_ex_content]"); }), 3211) << "read through a query";
+    EXPECT_EQ(DaoErrorOf([&] { sample.Execute("DROP TABLE [nibble_ex_content]"); }), 3211)
+        << "read through a query";
     rows.Close();
     EXPECT_EQ(sample.GetTableDefCount(), 109);
 }
