@@ -1,7 +1,7 @@
 #include "alarm_diagnosis.h"
 
-#include <kalodata/monitors.h>
 #include <fmt/format.h>
+#include <kalodata/monitors.h>
 
 #include <algorithm>
 
@@ -15,7 +15,8 @@ std::vector<KaloAlarmDiagnosis> ReadDiagnoses(std::uint32_t code, std::uint32_t 
     return ReadList<KaloAlarmDiagnosis, std::uint16_t>(
         "KaloGetAlarmDiagDataNum",
         [=](std::uint16_t* count) { return KaloGetAlarmDiagDataNum(kAxis, code, typeMask, count); },
-        "KaloGetAlarmDiagData", [=](std::uint16_t, KaloAlarmDiagnosis* diagnoses) {
+        "KaloGetAlarmDiagData",
+        [=](std::uint16_t, KaloAlarmDiagnosis* diagnoses) {
             return KaloGetAlarmDiagData(kAxis, code, static_cast<std::int32_t>(typeMask), diagnoses);
         });
 }
@@ -29,7 +30,8 @@ std::string MonitorName(std::uint32_t id) {
 // "0x23 Motor speed (condition 2, value 100)", one for each monitor that the axis has.
 std::vector<std::string> MonitorsToLookAt(const KaloAlarmDiagnosis& diagnosis) {
     std::vector<std::string> texts;
-    const std::size_t count = std::min<std::size_t>(diagnosis.condition_count, std::size(diagnosis.conditions));
+    const std::size_t count =
+        std::min<std::size_t>(diagnosis.condition_count, std::size(diagnosis.conditions));
     for (std::size_t index = 0; index < count; ++index) {
         const KaloAlarmCondition condition = diagnosis.conditions[index];
         const std::uint32_t id = condition.monitor_id;
@@ -48,7 +50,8 @@ void AddLine(std::string& text, const char* what, const std::string& words) {
 }
 
 std::string ForPeople(const KaloAlarm& alarm, const std::vector<KaloAlarmDiagnosis>& diagnoses) {
-    std::string text = fmt::format("0x{:X}  {}\n", std::uint32_t{alarm.alarm_code}, FieldText(alarm.alarm_name));
+    std::string text =
+        fmt::format("0x{:X}  {}\n", std::uint32_t{alarm.alarm_code}, FieldText(alarm.alarm_name));
     int number = 0;
     for (const KaloAlarmDiagnosis& diagnosis : diagnoses) {
         text += fmt::format("\ndiagnosis {}\n", ++number);

@@ -1,5 +1,5 @@
-#include <kalodata/alarms.h>
 #include <fmt/format.h>
+#include <kalodata/alarms.h>
 
 #include <memory>
 #include <optional>
@@ -67,17 +67,20 @@ KaloIndexerAlarm ReadIndexerAlarm(std::uint32_t code) {
 
 // One number about the alarms as a row; a drive may be without.
 template <class Number>
-void AddNumberRow(Table& table, const char* what, const char* function, KaloStatus KALO_CALL getter(std::int16_t, Number*)) {
+void AddNumberRow(Table& table, const char* what, const char* function,
+                  KaloStatus KALO_CALL getter(std::int16_t, Number*)) {
     Number number = 0;
     const KaloStatus status = getter(kAxis, &number);
-    table.rows.push_back({what, status == 0 ? Cell(number) : Cell(), status == 0 ? "" : StatusWords(function, status)});
+    table.rows.push_back(
+        {what, status == 0 ? Cell(number) : Cell(), status == 0 ? "" : StatusWords(function, status)});
 }
 
 // Where a drive reports its alarms.
 Table AlarmMonitors() {
     Table table{{{"what"}, {"number", Shown::Hex}, {"note"}}, {}};
     AddNumberRow(table, "alarm code without alarm", "KaloGetAlarmNormalId", KaloGetAlarmNormalId);
-    AddNumberRow(table, "alarm code of application modules", "KaloGetAppModuleAlarmId", KaloGetAppModuleAlarmId);
+    AddNumberRow(table, "alarm code of application modules", "KaloGetAppModuleAlarmId",
+                 KaloGetAppModuleAlarmId);
     AddNumberRow(table, "monitor of the alarm", "KaloGetAlarmId", KaloGetAlarmId);
     AddNumberRow(table, "monitor of the error", "KaloGetErrorId", KaloGetErrorId);
     AddNumberRow(table, "monitor of the newest traced alarm", "KaloGetAlarmTBId", KaloGetAlarmTBId);
@@ -104,12 +107,14 @@ void Show(const Options& options) {
 }  // namespace
 
 void AddAlarmsCommand(CLI::App& app) {
-    CLI::App* command = app.add_subcommand("alarms", "Alarms of an amplifier, and what to do about one of them");
+    CLI::App* command =
+        app.add_subcommand("alarms", "Alarms of an amplifier, and what to do about one of them");
     auto options = std::make_shared<Options>();
     AddCommon(*command, options->common);
     AddCombination(*command, options->combination)->required();
     AddNumber(*command, "--code", options->code, "One alarm and its diagnosis");
-    AddNumber(*command, "--type", options->typeMask, "With --code: mask of the diagnoses' types (default: all)");
+    AddNumber(*command, "--type", options->typeMask,
+              "With --code: mask of the diagnoses' types (default: all)");
     AddNumber(*command, "--indexer-code", options->indexerCode, "One alarm by its indexer code");
     command->add_flag("--monitors", options->monitors, "Where the drive reports its alarms");
     command->final_callback([options] { Show(*options); });

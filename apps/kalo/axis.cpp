@@ -9,8 +9,8 @@ namespace cli {
 
 void BuildParameters(const Combination& c, std::uint16_t language) {
     Check("KaloUparaCreate",
-          KaloUparaCreate(static_cast<std::int16_t>(language), c.model, c.firmware, c.customSpec, c.power, c.option,
-                          c.optionFirmware, c.optionCustomSpec, kAxis));
+          KaloUparaCreate(static_cast<std::int16_t>(language), c.model, c.firmware, c.customSpec, c.power,
+                          c.option, c.optionFirmware, c.optionCustomSpec, kAxis));
 }
 
 void BuildMonitors(const Combination& c, std::uint16_t language) {

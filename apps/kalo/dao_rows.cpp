@@ -24,7 +24,8 @@ auto Guarded(Work work) {
     try {
         return work();
     } catch (CDaoException* exception) {
-        const std::string text = fmt::format("error {}: {}", exception->m_pErrorInfo->m_lErrorCode, WordsOf(*exception));
+        const std::string text =
+            fmt::format("error {}: {}", exception->m_pErrorInfo->m_lErrorCode, WordsOf(*exception));
         exception->Delete();
         throw EngineFailure(text);
     }

@@ -20,8 +20,8 @@ class OpenDatabase {
     CDaoDatabase database_;
 };
 
-// Runs a statement that selects nothing and returns the number of rows that it touched; nothing for a SELECT, which is
-// not run. Throws EngineFailure.
+// Runs a statement that selects nothing and returns the number of rows that it touched; nothing for a SELECT,
+// which is not run. Throws EngineFailure.
 std::optional<long> Execute(CDaoDatabase& database, const std::string& sql);
 
 // The rows of a SELECT. Throws EngineFailure.

@@ -30,7 +30,8 @@ std::string Currency(const CY& value) {
 Cell Decimal(const DECIMAL& value) {
     const bool negative = value.sign != 0;
     if (value.Hi32 == 0) return WithPoint(value.Lo64, value.scale, negative);
-    const double number = (std::ldexp(value.Hi32, 64) + static_cast<double>(value.Lo64)) / std::pow(10, value.scale);
+    const double number =
+        (std::ldexp(value.Hi32, 64) + static_cast<double>(value.Lo64)) / std::pow(10, value.scale);
     return negative ? -number : number;
 }
 
@@ -41,7 +42,8 @@ std::string Date(double date) {
     if (std::abs(day) > 1e7) return fmt::format("{}", date);
     auto seconds = static_cast<int>(std::lround(fraction * kSecondsPerDay));
     const std::chrono::sys_days start = std::chrono::year(1899) / 12 / 30;
-    const std::chrono::year_month_day when(start + std::chrono::days(static_cast<int>(day) + seconds / kSecondsPerDay));
+    const std::chrono::year_month_day when(
+        start + std::chrono::days(static_cast<int>(day) + seconds / kSecondsPerDay));
     seconds %= kSecondsPerDay;
     return fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}", static_cast<int>(when.year()),
                        static_cast<unsigned>(when.month()), static_cast<unsigned>(when.day()), seconds / 3600,

@@ -1,7 +1,7 @@
 #include "digits_view.h"
 
-#include <kalodata/digits.h>
 #include <fmt/format.h>
+#include <kalodata/digits.h>
 
 #include "axis.h"
 #include "text.h"
@@ -32,7 +32,8 @@ std::vector<DigitMeaning> ReadDigits(const KaloUserParameter& parameter, std::ui
     if (id == 0) return {};
     const auto digits = ReadList<KaloDigit, std::uint16_t>(
         "KaloGetNibbleInfoNum", [id](std::uint16_t* count) { return KaloGetNibbleInfoNum(kAxis, id, count); },
-        "KaloGetNibbleInfoBase", [id, language](std::uint16_t count, KaloDigit* records) {
+        "KaloGetNibbleInfoBase",
+        [id, language](std::uint16_t count, KaloDigit* records) {
             return KaloGetNibbleInfoBase(kAxis, id, count, language, records);
         });
     std::vector<DigitMeaning> meanings;
@@ -48,7 +49,8 @@ std::string ForPeople(const KaloUserParameter& parameter, const std::vector<Digi
         text += fmt::format("    digit {}  {}\n", std::uint16_t{digit.pos}, FieldText(digit.name));
         for (const KaloDigitValue& value : values) {
             const char* mark = value.content_value == digit.initial_value ? "*" : " ";
-            text += fmt::format("      {} {:X}  {}\n", mark, std::uint16_t{value.content_value}, FieldText(value.name));
+            text += fmt::format("      {} {:X}  {}\n", mark, std::uint16_t{value.content_value},
+                                FieldText(value.name));
         }
     }
     return text;
@@ -58,16 +60,24 @@ void AddRows(const KaloUserParameter& parameter, const std::vector<DigitMeaning>
     for (const auto& [digit, values] : digits)
         for (const KaloDigitValue& value : values)
             table.rows.push_back({FieldText(parameter.user_constant), parameter.parameter_id,
-                                  FieldText(parameter.parameter_name), digit.pos, digit.size, FieldText(digit.name),
-                                  digit.initial_value, value.content_value, FieldText(value.name)});
+                                  FieldText(parameter.parameter_name), digit.pos, digit.size,
+                                  FieldText(digit.name), digit.initial_value, value.content_value,
+                                  FieldText(value.name)});
 }
 
 }  // namespace
 
 void PrintDigits(const std::vector<KaloUserParameter>& parameters, std::uint16_t language, Format format) {
     std::string text;
-    Table table{{{"number"}, {"parameter_id", Shown::Hex}, {"parameter"}, {"digit"}, {"size"}, {"name"}, {"initial"},
-                 {"value"}, {"meaning"}},
+    Table table{{{"number"},
+                 {"parameter_id", Shown::Hex},
+                 {"parameter"},
+                 {"digit"},
+                 {"size"},
+                 {"name"},
+                 {"initial"},
+                 {"value"},
+                 {"meaning"}},
                 {}};
     for (const KaloUserParameter& parameter : parameters) {
         const std::vector<DigitMeaning> digits = ReadDigits(parameter, language);
@@ -75,8 +85,10 @@ void PrintDigits(const std::vector<KaloUserParameter>& parameters, std::uint16_t
         text += ForPeople(parameter, digits);
         AddRows(parameter, digits, table);
     }
-    if (format == Format::Table) PrintText(text);
-    else Print(table, format);
+    if (format == Format::Table)
+        PrintText(text);
+    else
+        Print(table, format);
 }
 
 }  // namespace cli

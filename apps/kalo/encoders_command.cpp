@@ -42,9 +42,10 @@ Table TypeTable(std::uint16_t language) {
 Table AbilityTable(const Options& options) {
     KaloEncodor encoder{};
     Check("KaloGetEncodor", KaloGetEncodor(*options.motor, options.encoder, options.firmware, &encoder));
-    return {{{"motor_id"}, {"encoder_id"}, {"firmware"}, {"ability"}, {"type"}},
-            {{*options.motor, options.encoder, options.firmware == KALO_NONE ? Cell() : Cell(options.firmware),
-              encoder.encodor_ability, FieldText(encoder.encodor_type)}}};
+    return {
+        {{"motor_id"}, {"encoder_id"}, {"firmware"}, {"ability"}, {"type"}},
+        {{*options.motor, options.encoder, options.firmware == KALO_NONE ? Cell() : Cell(options.firmware),
+          encoder.encodor_ability, FieldText(encoder.encodor_type)}}};
 }
 
 Table SizeTable(const std::vector<std::string>& arguments) {
@@ -59,20 +60,24 @@ Table SizeTable(const std::vector<std::string>& arguments) {
 void Show(const Options& options) {
     const Session session(options.common);
     const Format format = options.common.format;
-    if (options.motor) Print(AbilityTable(options), format);
-    else Print(options.size.empty() ? TypeTable(options.common.language) : SizeTable(options.size), format);
+    if (options.motor)
+        Print(AbilityTable(options), format);
+    else
+        Print(options.size.empty() ? TypeTable(options.common.language) : SizeTable(options.size), format);
 }
 
 }  // namespace
 
 void AddEncodersCommand(CLI::App& app) {
-    CLI::App* command = app.add_subcommand("encoders", "Encoder types, and what the encoder of a motor can do");
+    CLI::App* command =
+        app.add_subcommand("encoders", "Encoder types, and what the encoder of a motor can do");
     auto options = std::make_shared<Options>();
     AddCommon(*command, options->common);
     CLI::Option* motor = AddNumber(*command, "--motor", options->motor, "Motor of the encoder asked about");
     CLI::Option* encoder = AddNumber(*command, "--encoder", options->encoder, "Its encoder")->needs(motor);
     motor->needs(encoder);
-    AddNumber(*command, "--firmware", options->firmware, "Firmware of the encoder (default 65535: none)")->needs(motor);
+    AddNumber(*command, "--firmware", options->firmware, "Firmware of the encoder (default 65535: none)")
+        ->needs(motor);
     command->add_option("--size", options->size, "Ids of a size: TYPE SIZE-ID")->expected(2);
     command->final_callback([options] { Show(*options); });
 }

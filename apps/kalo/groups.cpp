@@ -1,7 +1,7 @@
 #include "groups.h"
 
-#include <kalodata/digits.h>
 #include <fmt/format.h>
+#include <kalodata/digits.h>
 
 #include <algorithm>
 
@@ -34,7 +34,8 @@ KaloGroup FindGroup(const std::string& wanted) {
 
 std::vector<std::int32_t> AddedMembers(std::int32_t group) {
     return ReadList<std::int32_t, std::uint16_t>(
-        "KaloGetAddGroupPrmNum", [group](std::uint16_t* count) { return KaloGetAddGroupPrmNum(kAxis, group, count); },
+        "KaloGetAddGroupPrmNum",
+        [group](std::uint16_t* count) { return KaloGetAddGroupPrmNum(kAxis, group, count); },
         "KaloGetAddGroupPrmList",
         [group](std::uint16_t, std::int32_t* ids) { return KaloGetAddGroupPrmList(kAxis, group, ids); });
 }
@@ -45,9 +46,10 @@ Parameters MembersOf(const std::string& wanted, const Parameters& parameters) {
     const KaloGroup group = FindGroup(wanted);
     Parameters members;
     if (group.category_id <= kLastCategory) {
-        std::ranges::copy_if(parameters, std::back_inserter(members), [&group](const KaloUserParameter& parameter) {
-            return parameter.category_id == group.category_id;
-        });
+        std::ranges::copy_if(parameters, std::back_inserter(members),
+                             [&group](const KaloUserParameter& parameter) {
+                                 return parameter.category_id == group.category_id;
+                             });
         return members;
     }
     // In the group's own order; the axis may lack a member.

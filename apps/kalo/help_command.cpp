@@ -1,6 +1,6 @@
+#include <fmt/format.h>
 #include <kalodata/catalogue.h>
 #include <kalodata/help.h>
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <memory>
@@ -125,7 +125,8 @@ void AddHelpCommand(CLI::App& app) {
     AddNumber(*command, "--item", options->item, "Only one item of a screen that has several");
     AddNumber(*command, "--kind", options->kind, "Kind of guideline (default 20)");
     AddNumber(*command, "--motor", options->motor.id, "Also the page of a motor");
-    command->add_flag("--pulses", options->pulses, "Texts of the reference pulse choices instead; needs no model");
+    command->add_flag("--pulses", options->pulses,
+                      "Texts of the reference pulse choices instead; needs no model");
     command->final_callback([options] { Show(*options); });
 }
 

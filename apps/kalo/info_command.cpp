@@ -1,7 +1,7 @@
+#include <fmt/format.h>
 #include <kalodata/catalogue.h>
 #include <kalodata/parameters.h>
 #include <kalodata/session.h>
-#include <fmt/format.h>
 
 #include <memory>
 
@@ -30,7 +30,8 @@ class Facts {
 };
 
 void AddFileFacts(CDaoDatabase& database, Facts& facts) {
-    const Table file = Select(database, "SELECT [mdbname], [mdb_version], [mdb_status] FROM [mdbname] WHERE [id] = 1");
+    const Table file =
+        Select(database, "SELECT [mdbname], [mdb_version], [mdb_status] FROM [mdbname] WHERE [id] = 1");
     if (file.rows.empty()) return;
     facts.Add("file", "name", file.rows[0][0]);
     facts.Add("file", "version", file.rows[0][1]);
@@ -56,8 +57,9 @@ void AddTableFacts(CDaoDatabase& database, Facts& facts) {
 }
 
 void AddLanguageFacts(CDaoDatabase& database, Facts& facts) {
-    const Table languages = Select(
-        database, "SELECT [country_id], COUNT(*) FROM [paraname] GROUP BY [country_id] ORDER BY [country_id]");
+    const Table languages =
+        Select(database,
+               "SELECT [country_id], COUNT(*) FROM [paraname] GROUP BY [country_id] ORDER BY [country_id]");
     for (const auto& row : languages.rows)
         facts.Add("language", row[0], fmt::format("{} parameter names", row[1].Text()));
 }
@@ -85,9 +87,11 @@ void AddDatabaseFacts(CDaoDatabase& database, Facts& facts) {
     AddFileFacts(database, facts);
     AddLanguageFacts(database, facts);
     AddVersionFacts(database, "changed by firmware",
-                    "SELECT DISTINCT [model_id], [option_id], [firm_id] FROM [FirmUPara] ORDER BY 1, 2, 3", facts);
+                    "SELECT DISTINCT [model_id], [option_id], [firm_id] FROM [FirmUPara] ORDER BY 1, 2, 3",
+                    facts);
     AddVersionFacts(database, "changed by custom spec",
-                    "SELECT DISTINCT [model_id], [option_id], [cmod_id] FROM [CmodUPara] ORDER BY 1, 2, 3", facts);
+                    "SELECT DISTINCT [model_id], [option_id], [cmod_id] FROM [CmodUPara] ORDER BY 1, 2, 3",
+                    facts);
     AddTableFacts(database, facts);
 }
 
@@ -110,7 +114,8 @@ void Show(const CommonOptions& options) {
 }  // namespace
 
 void AddInfoCommand(CLI::App& app) {
-    CLI::App* command = app.add_subcommand("info", "Name, version, languages, models and tables of a database");
+    CLI::App* command =
+        app.add_subcommand("info", "Name, version, languages, models and tables of a database");
     auto options = std::make_shared<CommonOptions>();
     AddCommon(*command, *options);
     command->final_callback([options] { Show(*options); });

@@ -1,5 +1,5 @@
-#include <kalodata/io.h>
 #include <fmt/format.h>
+#include <kalodata/io.h>
 
 #include <memory>
 #include <optional>
@@ -85,9 +85,10 @@ Table AllocatingParameters(const Options& options) {
 void ShowAllocation(const Options& options) {
     BuildMonitors(options.combination, options.common.language);
     if (options.value)
-        PrintDecodedWord(Directions(options), options.address, *options.value, options.select, options.common.format);
+        PrintDecodedWord(Directions(options), options.address, *options.value, options.select,
+                         options.common.format);
     else
-        Print(AllocationTable(Directions(options), options.select), options.common.format);
+        Print(AllocationTable(Directions(options), options.address, options.select), options.common.format);
 }
 
 void Show(const Options& options) {
@@ -104,7 +105,8 @@ void Show(const Options& options) {
 }  // namespace
 
 void AddIoCommand(CLI::App& app) {
-    CLI::App* command = app.add_subcommand("io", "Signals of an amplifier and the terminals that they are on");
+    CLI::App* command =
+        app.add_subcommand("io", "Signals of an amplifier and the terminals that they are on");
     auto options = std::make_shared<Options>();
     AddCommon(*command, options->common);
     options->model = AddCombination(*command, options->combination);
@@ -112,10 +114,11 @@ void AddIoCommand(CLI::App& app) {
     command->add_flag("--outputs", options->outputs, "Only outputs");
     AddNumber(*command, "--value", options->value, "Decode the word of a parameter that allocates signals");
     AddNumber(*command, "--select", options->select, "Word of the selection parameter (default 0)");
-    AddNumber(*command, "--address", options->address, "With --value: only the parameter at this address");
+    AddNumber(*command, "--address", options->address, "Only the parameter at this address");
     command->add_flag("--fixed", options->fixed, "Signals of the option unit, whose allocation is fixed");
     command->add_flag("--parameters", options->parameters, "Ids of the parameters that allocate signals");
-    AddNumber(*command, "--pelk", options->pelk, "Fixed signals of the PELK series for a selector; needs no model");
+    AddNumber(*command, "--pelk", options->pelk,
+              "Fixed signals of the PELK series for a selector; needs no model");
     command->final_callback([options] { Show(*options); });
 }
 

@@ -1,7 +1,7 @@
 #include "io_words.h"
 
-#include <kalodata/io.h>
 #include <fmt/format.h>
+#include <kalodata/io.h>
 
 #include <array>
 
@@ -27,8 +27,8 @@ struct Word {
 
 Word Decode(Direction direction, std::int32_t address, std::int32_t word, std::int32_t selectWord) {
     Word decoded;
-    Check("KaloGetIOInfo", KaloGetIOInfo(kAxis, static_cast<std::int16_t>(direction), address, word, selectWord,
-                                         &decoded.inputMode, decoded.signals.data()));
+    Check("KaloGetIOInfo", KaloGetIOInfo(kAxis, static_cast<std::int16_t>(direction), address, word,
+                                         selectWord, &decoded.inputMode, decoded.signals.data()));
     return decoded;
 }
 
@@ -55,7 +55,8 @@ bool Allocates(const KaloIoSignal& signal) {
 std::string SignalText(const KaloIoSignal& signal) {
     if (!Allocates(signal)) return "no signal";
     return fmt::format("{} on {}{}{}", FieldText(signal.logical_name), FieldText(signal.physical_name),
-                       signal.positive_logic != 0 ? "" : ", active low", signal.reverse != 0 ? ", reversed" : "");
+                       signal.positive_logic != 0 ? "" : ", active low",
+                       signal.reverse != 0 ? ", reversed" : "");
 }
 
 // Four digits with a line from each to its signal, the lowest digit's first.
@@ -69,7 +70,8 @@ std::string Picture(std::uint16_t word, const Word& decoded) {
         text += "└─";
         for (int right = 0; right < digit; ++right)
             text += "──";
-        text += fmt::format(" digit {}: {}\n", digit, SignalText(decoded.signals[static_cast<std::size_t>(digit)]));
+        text += fmt::format(" digit {}: {}\n", digit,
+                            SignalText(decoded.signals[static_cast<std::size_t>(digit)]));
     }
     return text;
 }
@@ -102,14 +104,16 @@ std::vector<Place> PlacesOf(const std::vector<Direction>& directions, std::optio
     for (const Direction direction : directions)
         for (const std::int32_t address : Addresses(direction))
             if (!wanted || *wanted == address) places.push_back({direction, address});
-    if (places.empty() && wanted) throw Failure(fmt::format("no parameter at 0x{:X} allocates signals", *wanted));
+    if (places.empty() && wanted)
+        throw Failure(fmt::format("no parameter at 0x{:X} allocates signals", *wanted));
     return places;
 }
 
 std::string ForPeople(const Place& place, std::uint16_t word, const Word& decoded) {
     std::string text = fmt::format("{} at 0x{:X}\n", NameOf(place.direction), place.address);
     if (decoded.inputMode == 0) return text + Picture(word, decoded);
-    return text + fmt::format("    the selection parameter chooses input mode {}; no digit counts\n", decoded.inputMode);
+    return text + fmt::format("    the selection parameter chooses input mode {}; no digit counts\n",
+                              decoded.inputMode);
 }
 
 }  // namespace
@@ -126,22 +130,25 @@ std::vector<std::int32_t> AllocatingParameterIds(Direction direction) {
     if (status == kNoInputParameters || status == kNoOutputParameters) return {};
     Check(inputs ? "KaloGetInputSignalPrmIDNum" : "KaloGetOutputSignalPrmIDNum", status);
     std::vector<std::int32_t> ids(count);
-    if (inputs) Check("KaloGetInputSignalPrmID", KaloGetInputSignalPrmID(kAxis, ids.data()));
-    else Check("KaloGetOutputSignalPrmID", KaloGetOutputSignalPrmID(kAxis, ids.data()));
+    if (inputs)
+        Check("KaloGetInputSignalPrmID", KaloGetInputSignalPrmID(kAxis, ids.data()));
+    else
+        Check("KaloGetOutputSignalPrmID", KaloGetOutputSignalPrmID(kAxis, ids.data()));
     return ids;
 }
 
-Table AllocationTable(const std::vector<Direction>& directions, std::uint16_t selectWord) {
+Table AllocationTable(const std::vector<Direction>& directions, std::optional<std::int32_t> wanted,
+                      std::uint16_t selectWord) {
     Table table = DigitTable();
-    for (const auto& [direction, address] : PlacesOf(directions, std::nullopt)) {
+    for (const auto& [direction, address] : PlacesOf(directions, wanted)) {
         std::vector<Word> words;
         for (std::int32_t value = 0; value < kValues; ++value)
             words.push_back(Decode(direction, address, value * kAllDigits, selectWord));
         for (std::size_t digit = 0; digit < kDigits; ++digit)
             for (std::size_t value = 0; value < words.size(); ++value)
                 if (Allocates(words[value].signals[digit]))
-                    AddDigit(table, direction, address, static_cast<int>(digit), static_cast<std::int32_t>(value),
-                             words[value].signals[digit]);
+                    AddDigit(table, direction, address, static_cast<int>(digit),
+                             static_cast<std::int32_t>(value), words[value].signals[digit]);
     }
     return table;
 }
@@ -157,8 +164,10 @@ void PrintDecodedWord(const std::vector<Direction>& directions, std::optional<st
             AddDigit(table, place.direction, place.address, digit, (word >> (4 * digit)) & 0xF,
                      decoded.signals[static_cast<std::size_t>(digit)]);
     }
-    if (format == Format::Table) PrintText(text);
-    else Print(table, format);
+    if (format == Format::Table)
+        PrintText(text);
+    else
+        Print(table, format);
 }
 
 }  // namespace cli

@@ -13,7 +13,6 @@ constexpr int kFailed = 1;
 constexpr int kWrongUsage = 2;
 
 void AddCommands(CLI::App& app) {
-    app.require_subcommand(1);
     cli::AddInfoCommand(app);
     cli::AddModelsCommand(app);
     cli::AddParamsCommand(app);
@@ -31,6 +30,7 @@ void AddCommands(CLI::App& app) {
 int Run(CLI::App& app, int count, char** arguments) {
     try {
         app.parse(count, arguments);
+        if (app.get_subcommands().empty()) throw CLI::RequiredError("a command");
         return 0;
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : kWrongUsage;
@@ -46,9 +46,10 @@ int Run(CLI::App& app, int count, char** arguments) {
 
 int main(int count, char** arguments) {
     cli::PrepareStreams();
-    CLI::App app("Asks a knowledge database of servo amplifiers: what a drive's parameters, monitors, alarms, signals "
-                 "and traces are for its versions, and which devices there are.",
-                 "kalo");
+    CLI::App app(
+        "Asks a knowledge database of servo amplifiers: what a drive's parameters, monitors, alarms, signals "
+        "and traces are for its versions, and which devices there are.",
+        "kalo");
     AddCommands(app);
     return Run(app, count, arguments);
 }

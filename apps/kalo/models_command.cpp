@@ -34,8 +34,14 @@ std::uint16_t OptionUnits(std::uint32_t model) {
 }
 
 Table ModelTable() {
-    Table table{{{"model_id"}, {"option_id"}, {"name"}, {"option"}, {"offline_name"}, {"offline_option", Shown::Detail},
-                 {"option_units"}, {"wizard"}},
+    Table table{{{"model_id"},
+                 {"option_id"},
+                 {"name"},
+                 {"option"},
+                 {"offline_name"},
+                 {"offline_option", Shown::Detail},
+                 {"option_units"},
+                 {"wizard"}},
                 {}};
     const std::vector<std::uint32_t> wizard = WizardModels();
     for (const Model& model : ReadModels()) {
@@ -57,21 +63,24 @@ void AddPower(std::uint32_t model, std::uint32_t option, std::uint32_t power, Ta
     const std::string sign = PowerSign(power);
     for (const KaloServoVoltage& voltage : ReadList<KaloServoVoltage, std::uint16_t>(
              "KaloGetServovoltageNum",
-             [=](std::uint16_t* count) { return KaloGetServovoltageNum(model, option, power, count); },
-             "KaloGetServovoltageInfo", [=](std::uint16_t count, KaloServoVoltage* voltages) {
+             [=](std::uint16_t*count) { return KaloGetServovoltageNum(model, option, power, count); },
+             "KaloGetServovoltageInfo",
+             [=](std::uint16_t count, KaloServoVoltage*voltages) {
                  return KaloGetServovoltageInfo(model, option, power, count, voltages);
              })) {
         std::uint32_t current = 0;
         std::uint32_t greatest = 0;
         Check("KaloGetServoCurrentInfo",
               KaloGetServoCurrentInfo(model, option, power, voltage.voltage, &current, &greatest));
-        table.rows.push_back({power, sign, voltage.voltage, FieldText(voltage.voltage_str), current, greatest});
+        table.rows.push_back(
+            {power, sign, voltage.voltage, FieldText(voltage.voltage_str), current, greatest});
     }
 }
 
 // Powers, voltages and currents of a model.
 Table RatingTable(std::uint32_t model, std::uint32_t option) {
-    Table table{{{"power_id"}, {"power"}, {"voltage_id"}, {"voltage"}, {"current_mA"}, {"max_current_mA"}}, {}};
+    Table table{{{"power_id"}, {"power"}, {"voltage_id"}, {"voltage"}, {"current_mA"}, {"max_current_mA"}},
+                {}};
     std::uint16_t count = 0;
     Check("KaloGetServoPowerNum", KaloGetServoPowerNum(model, option, &count));
     for (std::uint16_t index = 0; index < count; ++index) {
@@ -84,7 +93,8 @@ Table RatingTable(std::uint32_t model, std::uint32_t option) {
 
 void Show(const Options& options) {
     const Session session(options.common, options.indexer);
-    Print(options.ratings ? RatingTable(*options.ratings, options.option) : ModelTable(), options.common.format);
+    Print(options.ratings ? RatingTable(*options.ratings, options.option) : ModelTable(),
+          options.common.format);
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-#include <kalodata/monitors.h>
 #include <fmt/format.h>
+#include <kalodata/monitors.h>
 
 #include <memory>
 #include <optional>
@@ -86,7 +86,8 @@ std::vector<KaloMonitor> ReadAll() {
         total += count;
     }
     std::vector<KaloMonitor> monitors(total);
-    Check("KaloGetAllMonitorInfo", KaloGetAllMonitorInfo(kAxis, static_cast<std::uint16_t>(total), monitors.data()));
+    Check("KaloGetAllMonitorInfo",
+          KaloGetAllMonitorInfo(kAxis, static_cast<std::uint16_t>(total), monitors.data()));
     return monitors;
 }
 
@@ -98,7 +99,8 @@ Table ListedMonitors(std::optional<std::uint16_t> wanted) {
         const auto listed = ReadList<KaloMonitorListElement, std::uint32_t>(
             "KaloGetMonitorListNumWithCategory",
             [category](std::uint32_t* count) { return KaloGetMonitorListNumWithCategory(category, count); },
-            "KaloGetMonitorListWithCategory", [category](std::uint32_t, KaloMonitorListElement* elements) {
+            "KaloGetMonitorListWithCategory",
+            [category](std::uint32_t, KaloMonitorListElement* elements) {
                 return KaloGetMonitorListWithCategory(category, elements);
             });
         all.insert(all.end(), listed.begin(), listed.end());
@@ -111,7 +113,8 @@ Table MeaningMonitors() {
                    ReadList<KaloMeaningMonitor, std::uint16_t>(
                        "KaloGetAllMeaningMonInfoNum",
                        [](std::uint16_t* count) { return KaloGetAllMeaningMonInfoNum(kAxis, count); },
-                       "KaloGetAllMeaningMonInfo", [](std::uint16_t, KaloMeaningMonitor* monitors) {
+                       "KaloGetAllMeaningMonInfo",
+                       [](std::uint16_t, KaloMeaningMonitor* monitors) {
                            return KaloGetAllMeaningMonInfo(kAxis, monitors);
                        }));
 }
@@ -147,14 +150,16 @@ void Show(const Options& options) {
 
 void AddMonitorsCommand(CLI::App& app) {
     CLI::App* command = app.add_subcommand(
-        "monitors", "Monitors of an amplifier, as its versions have them; without --model those of every drive");
+        "monitors",
+        "Monitors of an amplifier, as its versions have them; without --model those of every drive");
     auto options = std::make_shared<Options>();
     AddCommon(*command, options->common);
     options->model = AddCombination(*command, options->combination);
     AddNumber(*command, "--category", options->category, "Only one category, 1 to 4");
     const auto needsModel = [&](CLI::Option* option) { option->needs(options->model); };
     needsModel(AddNumber(*command, "--id", options->id, "Only one monitor"));
-    needsModel(command->add_flag("--meaning", options->meaning, "Functions of the drive that monitors tell about"));
+    needsModel(
+        command->add_flag("--meaning", options->meaning, "Functions of the drive that monitors tell about"));
     needsModel(AddNumber(*command, "--group", options->group, "Ids of the functions in a group"));
     command->final_callback([options] { Show(*options); });
 }

@@ -1,5 +1,6 @@
 #include <kalodata/catalogue.h>
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 
@@ -45,8 +46,9 @@ class Parts {
     explicit Parts(std::uint32_t motor) : motor_(motor) {}
 
     void AddPowers() {
-        for (const auto& power : Read<KaloMotorCapacity>("KaloGetMotorCapacityNum", KaloGetMotorCapacityNum,
-                                                         "KaloGetMotorCapacityInfo", KaloGetMotorCapacityInfo)) {
+        for (const auto& power :
+             Read<KaloMotorCapacity>("KaloGetMotorCapacityNum", KaloGetMotorCapacityNum,
+                                     "KaloGetMotorCapacityInfo", KaloGetMotorCapacityInfo)) {
             Add("power", power.power_id, FieldText(power.power_name), {});
             AddVoltages(kFirstKind, power.power_id, FieldText(power.power_name));
         }
@@ -96,7 +98,8 @@ class Parts {
             [=, this](std::uint16_t count, Record* records) { return listGetter(motor_, count, records); }));
     }
 
-    // A list may be shorter than its count: elements that stayed empty are no parts.
+    // A list may be shorter than its count, and motors of one type have empty rows for the parts of another:
+    // what is empty is no part.
     template <class Record>
     static std::vector<Record> Present(std::vector<Record> records) {
         std::erase_if(records, [](const Record& record) {
@@ -109,29 +112,36 @@ class Parts {
     void AddVoltages(std::uint16_t kind, std::uint32_t id, const std::string& of) {
         for (const auto& voltage : Present(ReadList<KaloMotorVoltage, std::uint16_t>(
                  "KaloGetMotorPowerVoltageNum",
-                 [=, this](std::uint16_t* count) { return KaloGetMotorPowerVoltageNum(motor_, kind, id, count); },
-                 "KaloGetMotorPowerVoltageInfo", [=, this](std::uint16_t count, KaloMotorVoltage* voltages) {
+                 [=, this](std::uint16_t*count) {
+                     return KaloGetMotorPowerVoltageNum(motor_, kind, id, count);
+                 },
+                 "KaloGetMotorPowerVoltageInfo",
+                 [=, this](std::uint16_t count, KaloMotorVoltage*voltages) {
                      return KaloGetMotorPowerVoltageInfo(motor_, kind, id, count, voltages);
                  })))
             Add("voltage", voltage.voltage, FieldText(voltage.voltage_string), of);
     }
 
     std::vector<KaloMotorPart> Linear(std::uint16_t kind, std::uint32_t magnet) {
-        return ReadList<KaloMotorPart, std::uint16_t>(
+        return Present(ReadList<KaloMotorPart, std::uint16_t>(
             "KaloGetMotorLinearInfoNum",
-            [=, this](std::uint16_t* count) { return KaloGetMotorLinearInfoNum(motor_, kind, magnet, count); },
-            "KaloGetMotorLinearInfo", [=, this](std::uint16_t count, KaloMotorPart* parts) {
+            [=, this](std::uint16_t* count) {
+                return KaloGetMotorLinearInfoNum(motor_, kind, magnet, count);
+            },
+            "KaloGetMotorLinearInfo",
+            [=, this](std::uint16_t count, KaloMotorPart* parts) {
                 return KaloGetMotorLinearInfo(motor_, kind, magnet, count, parts);
-            });
+            }));
     }
 
     std::vector<KaloMotorPart> DirectDrive(std::uint16_t kind, std::uint32_t torque) {
-        return ReadList<KaloMotorPart, std::uint16_t>(
+        return Present(ReadList<KaloMotorPart, std::uint16_t>(
             "KaloGetMotorDDInfoNum",
             [=, this](std::uint16_t* count) { return KaloGetMotorDDInfoNum(motor_, kind, torque, count); },
-            "KaloGetMotorDDInfo", [=, this](std::uint16_t count, KaloMotorPart* parts) {
+            "KaloGetMotorDDInfo",
+            [=, this](std::uint16_t count, KaloMotorPart* parts) {
                 return KaloGetMotorDDInfo(motor_, kind, torque, count, parts);
-            });
+            }));
     }
 
     std::uint32_t motor_;
@@ -155,8 +165,14 @@ Table PartTable(std::uint32_t motor) {
 Table ScaleTable() {
     KaloMotorScaleInfo s{};
     Check("KaloGetMotorScaleInfo", KaloGetMotorScaleInfo(0, &s));
-    return {{{"start", Shown::Hex}, {"bytes"}, {"sum", Shown::Hex}, {"protect", Shown::Hex}, {"protect_bit"},
-             {"protect_value"}, {"model", Shown::Hex}, {"model_bytes"}},
+    return {{{"start", Shown::Hex},
+             {"bytes"},
+             {"sum", Shown::Hex},
+             {"protect", Shown::Hex},
+             {"protect_bit"},
+             {"protect_value"},
+             {"model", Shown::Hex},
+             {"model_bytes"}},
             {{s.start_adr, s.byte_size, s.sum_adr, s.protect_adr, s.protect_bit, s.protect_val, s.model_adr,
               s.model_size}}};
 }
@@ -164,8 +180,10 @@ Table ScaleTable() {
 void Show(const Options& options) {
     const Session session(options.common);
     const Format format = options.common.format;
-    if (options.scale) Print(ScaleTable(), format);
-    else Print(options.motor ? PartTable(*options.motor) : MotorTable(options.controlType), format);
+    if (options.scale)
+        Print(ScaleTable(), format);
+    else
+        Print(options.motor ? PartTable(*options.motor) : MotorTable(options.controlType), format);
 }
 
 }  // namespace
@@ -174,8 +192,10 @@ void AddMotorsCommand(CLI::App& app) {
     CLI::App* command = app.add_subcommand("motors", "Motors, and the parts of one of them");
     auto options = std::make_shared<Options>();
     AddCommon(*command, options->common);
-    AddNumber(*command, "--control-type", options->controlType, "Only one control type: 0 rotary, 1 linear, 2 direct drive");
-    AddNumber(*command, "--motor", options->motor, "Powers, voltages, parts, options and encoders of one motor");
+    AddNumber(*command, "--control-type", options->controlType,
+              "Only one control type: 0 rotary, 1 linear, 2 direct drive");
+    AddNumber(*command, "--motor", options->motor,
+              "Powers, voltages, parts, options and encoders of one motor");
     command->add_flag("--scale", options->scale, "Where motor scales keep what in their memory");
     command->final_callback([options] { Show(*options); });
 }

@@ -43,9 +43,12 @@ void AddCommon(CLI::App& command, CommonOptions& options) {
 CLI::Option* AddCombination(CLI::App& command, Combination& combination) {
     combination.option = KALO_NO_OPTION;
     CLI::Option* model = AddNumber(command, "--model", combination.model, "Amplifier model");
-    AddNumber(command, "--firmware", combination.firmware, "Its firmware version (default 0: as the base tables say)");
-    AddNumber(command, "--cmod", combination.customSpec, "Its custom specification (default 0: standard product)");
-    AddNumber(command, "--power", combination.power, "Its power rating (default 0: limits for none in particular)");
+    AddNumber(command, "--firmware", combination.firmware,
+              "Its firmware version (default 0: as the base tables say)");
+    AddNumber(command, "--cmod", combination.customSpec,
+              "Its custom specification (default 0: standard product)");
+    AddNumber(command, "--power", combination.power,
+              "Its power rating (default 0: limits for none in particular)");
     AddNumber(command, "--option", combination.option, "Option unit (default 65533: none)");
     AddNumber(command, "--option-firmware", combination.optionFirmware, "Its firmware version");
     AddNumber(command, "--option-cmod", combination.optionCustomSpec, "Its custom specification");

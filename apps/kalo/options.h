@@ -28,8 +28,8 @@ struct Combination {
     std::int32_t optionCustomSpec = 0;
 };
 
-// A whole number in decimal, or in hexadecimal after 0x; nothing where the text is anything else or the number lies
-// outside the limits.
+// A whole number in decimal, or in hexadecimal after 0x; nothing where the text is anything else or the
+// number lies outside the limits.
 std::optional<std::int64_t> ParseNumber(const std::string& text, std::int64_t least, std::int64_t most);
 
 // Like ParseNumber; throws the error of a wrong command line.
@@ -49,8 +49,9 @@ void StoreNumber(std::optional<Number>& target, const std::string& text) {
 // Adds an option whose value is a number that fits its target.
 template <class Target>
 CLI::Option* AddNumber(CLI::App& command, const std::string& name, Target& target, const std::string& words) {
-    return command.add_option_function<std::string>(
-                      name, [&target](const std::string& text) { StoreNumber(target, text); }, words)
+    return command
+        .add_option_function<std::string>(
+            name, [&target](const std::string& text) { StoreNumber(target, text); }, words)
         ->type_name("N");
 }
 

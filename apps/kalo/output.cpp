@@ -19,7 +19,8 @@ std::string CellText(const Column& column, const Cell& cell) {
 
 // One line of a table for people holds one row, whatever its texts hold.
 std::string OneLine(std::string text) {
-    std::ranges::replace_if(text, [](char sign) { return static_cast<unsigned char>(sign) < ' '; }, ' ');
+    std::ranges::replace_if(
+        text, [](char sign) { return static_cast<unsigned char>(sign) < ' '; }, ' ');
     return text;
 }
 
@@ -37,8 +38,10 @@ std::vector<std::string> PaddedColumn(const Table& table, std::size_t index, boo
         width = std::max(width, DisplayWidth(text));
     for (std::string& text : texts) {
         const auto padding = static_cast<std::size_t>(width - DisplayWidth(text));
-        if (numbers) text.insert(0, padding, ' ');
-        else if (!last) text.append(padding, ' ');
+        if (numbers)
+            text.insert(0, padding, ' ');
+        else if (!last)
+            text.append(padding, ' ');
     }
     return texts;
 }

@@ -1,6 +1,6 @@
+#include <fmt/format.h>
 #include <kalodata/digits.h>
 #include <kalodata/parameters.h>
-#include <fmt/format.h>
 
 #include <memory>
 
@@ -58,7 +58,8 @@ constexpr Field<Parameter> kFields[] = {
 
 std::vector<Parameter> ReadParameters() {
     return ReadList<Parameter, std::uint16_t>(
-        "KaloGetUParaNum", [](std::uint16_t* count) { return KaloGetUParaNum(kAxis, count); }, "KaloGetAllUParaInfo",
+        "KaloGetUParaNum", [](std::uint16_t* count) { return KaloGetUParaNum(kAxis, count); },
+        "KaloGetAllUParaInfo",
         [](std::uint16_t count, Parameter* records) {
             return KaloGetAllUParaInfo(kAxis, static_cast<std::int16_t>(count), records);
         });
@@ -73,19 +74,24 @@ void Show(const Options& options) {
         Identify(options.combination);
         parameters = MembersOf(options.group, parameters);
     }
-    if (options.digits) PrintDigits(parameters, options.common.language, options.common.format);
-    else Print(TableOf(kFields, parameters), options.common.format);
+    if (options.digits)
+        PrintDigits(parameters, options.common.language, options.common.format);
+    else
+        Print(TableOf(kFields, parameters), options.common.format);
 }
 
 }  // namespace
 
 void AddParamsCommand(CLI::App& app) {
-    CLI::App* command = app.add_subcommand("params", "User parameters of an amplifier, as its versions have them");
+    CLI::App* command =
+        app.add_subcommand("params", "User parameters of an amplifier, as its versions have them");
     auto options = std::make_shared<Options>();
     AddCommon(*command, options->common);
     AddCombination(*command, options->combination)->required();
-    command->add_flag("--digits", options->digits, "Digits of parameters that have them, with values and meanings");
-    command->add_option("--group", options->group, "Only one category or additional group, by its name or id");
+    command->add_flag("--digits", options->digits,
+                      "Digits of parameters that have them, with values and meanings");
+    command->add_option("--group", options->group,
+                        "Only one category or additional group, by its name or id");
     command->final_callback([options] { Show(*options); });
 }
 

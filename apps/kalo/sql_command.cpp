@@ -21,8 +21,10 @@ struct Options {
 };
 
 void PrintTouched(long rows, Format format) {
-    if (format == Format::Table) PrintText(fmt::format("{} {}\n", rows, rows == 1 ? "row" : "rows"));
-    else Print({{{"rows"}}, {{rows}}}, format);
+    if (format == Format::Table)
+        PrintText(fmt::format("{} {}\n", rows, rows == 1 ? "row" : "rows"));
+    else
+        Print({{{"rows"}}, {{rows}}}, format);
 }
 
 void RunStatement(CDaoDatabase& database, const std::string& sql, const Options& options) {
@@ -34,8 +36,10 @@ void RunStatement(CDaoDatabase& database, const std::string& sql, const Options&
         touched = Execute(database, sql);
         if (!touched) rows = Select(database, sql);
     }
-    if (touched) PrintTouched(*touched, options.format);
-    else Print(rows, options.format);
+    if (touched)
+        PrintTouched(*touched, options.format);
+    else
+        Print(rows, options.format);
 }
 
 void Run(const Options& options) {
@@ -52,7 +56,8 @@ void Run(const Options& options) {
 }  // namespace
 
 void AddSqlCommand(CLI::App& app) {
-    CLI::App* command = app.add_subcommand("sql", "Run Jet SQL statements, in order, on a copy of a database");
+    CLI::App* command =
+        app.add_subcommand("sql", "Run Jet SQL statements, in order, on a copy of a database");
     auto options = std::make_shared<Options>();
     command->add_option("FILE", options->file, "Any .mdb file; it is never written to")->required();
     command->add_option("STATEMENT", options->statements, "Statements, one an argument")->required();

@@ -19,7 +19,8 @@ Table MeaningsTable(KaloStatus code) {
     Table table{{{"code", Shown::Hex}, {"function"}, {"case"}, {"dao_error"}, {"dao_words"}}, {}};
     for (const auto& [entry, daoError] : MeaningsOf(code)) {
         const bool bare = entry->withDao && daoError == 0;
-        const std::string words = bare ? fmt::format("{} (with a DAO error number added)", entry->words) : entry->words;
+        const std::string words =
+            bare ? fmt::format("{} (with a DAO error number added)", entry->words) : entry->words;
         table.rows.push_back({code, entry->functions, words, daoError == 0 ? Cell() : Cell(daoError),
                               daoError == 0 ? Cell() : Cell(DaoWords(daoError))});
     }
@@ -28,11 +29,13 @@ Table MeaningsTable(KaloStatus code) {
 
 void Show(const Options& options) {
     if (options.code == 0) {
-        Print({{{"code", Shown::Hex}, {"function"}, {"case"}}, {{0, "every function", "success"}}}, options.format);
+        Print({{{"code", Shown::Hex}, {"function"}, {"case"}}, {{0, "every function", "success"}}},
+              options.format);
         return;
     }
     const Table table = MeaningsTable(options.code);
-    if (table.rows.empty()) throw Failure(fmt::format("no function returns the status 0x{:08X}", options.code));
+    if (table.rows.empty())
+        throw Failure(fmt::format("no function returns the status 0x{:08X}", options.code));
     Print(table, options.format);
 }
 

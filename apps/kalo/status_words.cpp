@@ -19,7 +19,7 @@ struct DaoError {
 constexpr DaoError kDaoErrors[] = {
     {3001, "invalid argument"},
     {3010, "the table already exists"},
-    {3021, "no current record: there is no such row"},
+    {3021, "there is no such row"},
     {3022, "a duplicate value in a unique index"},
     {3024, "the file does not exist"},
     {3026, "not enough space on disk"},

@@ -14,7 +14,8 @@ std::string SystemFromUtf8(std::string_view text);
 template <std::size_t N>
 std::string FieldText(const char (&field)[N]) {
     const void* end = std::memchr(field, '\0', N);
-    const std::size_t length = end == nullptr ? N : static_cast<std::size_t>(static_cast<const char*>(end) - field);
+    const std::size_t length =
+        end == nullptr ? N : static_cast<std::size_t>(static_cast<const char*>(end) - field);
     return Utf8FromSystem(std::string_view(field, length));
 }
 

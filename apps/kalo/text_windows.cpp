@@ -7,7 +7,8 @@ namespace {
 
 std::wstring Wide(UINT codePage, std::string_view text) {
     const int length = static_cast<int>(text.size());
-    std::wstring wide(static_cast<std::size_t>(MultiByteToWideChar(codePage, 0, text.data(), length, nullptr, 0)), 0);
+    std::wstring wide(
+        static_cast<std::size_t>(MultiByteToWideChar(codePage, 0, text.data(), length, nullptr, 0)), 0);
     MultiByteToWideChar(codePage, 0, text.data(), length, wide.data(), static_cast<int>(wide.size()));
     return wide;
 }

@@ -61,13 +61,15 @@ void AddMap(const Map& map, Table& table) {
 Map AnalogMap(std::uint32_t kind) {
     return ReadList<KaloTraceMap, std::uint16_t>(
         "KaloGetAnalogtraceMapNum",
-        [kind](std::uint16_t* count) { return KaloGetAnalogtraceMapNum(kAxis, kind, count); }, "KaloGetAnalogtraceMap",
+        [kind](std::uint16_t* count) { return KaloGetAnalogtraceMapNum(kAxis, kind, count); },
+        "KaloGetAnalogtraceMap",
         [kind](std::uint16_t, KaloTraceMap* map) { return KaloGetAnalogtraceMap(kAxis, kind, map); });
 }
 
 Map IoMap(std::uint32_t kind) {
     return ReadList<KaloTraceMap, std::uint16_t>(
-        "KaloGetIOtraceMapNum", [kind](std::uint16_t* count) { return KaloGetIOtraceMapNum(kAxis, kind, count); },
+        "KaloGetIOtraceMapNum",
+        [kind](std::uint16_t* count) { return KaloGetIOtraceMapNum(kAxis, kind, count); },
         "KaloGetIOtraceMap",
         [kind](std::uint16_t, KaloTraceMap* map) { return KaloGetIOtraceMap(kAxis, kind, map); });
 }
@@ -97,19 +99,22 @@ std::vector<std::uint32_t> UnlistedIds(std::uint32_t kind, std::uint16_t most, c
         std::uint32_t id = UINT32_MAX;
         Check("KaloGetAnalogtraceInfoId", KaloGetAnalogtraceInfoId(kAxis, kind, position, kNotListed, &id));
         if (id == UINT32_MAX) break;
-        const auto entry = std::ranges::find_if(map, [id](const KaloTraceMap& candidate) { return candidate.id == id; });
+        const auto entry =
+            std::ranges::find_if(map, [id](const KaloTraceMap& candidate) { return candidate.id == id; });
         if (entry != map.end() && Supported(*entry, bitmap)) ids.push_back(id);
     }
     return ids;
 }
 
-std::vector<std::uint32_t> AnalogIds(std::uint32_t kind, const Map& map, const std::vector<std::uint16_t>& bitmap) {
+std::vector<std::uint32_t> AnalogIds(std::uint32_t kind, const Map& map,
+                                     const std::vector<std::uint16_t>& bitmap) {
     const auto words = static_cast<std::uint16_t>(bitmap.size());
     std::uint16_t counts[2] = {};
     Check("KaloGetAnalogtraceNum", KaloGetAnalogtraceNum(kAxis, kind, words, bitmap.data(), counts));
     std::vector<std::uint32_t> ids(counts[0]);
     if (!ids.empty())
-        Check("KaloGetAnalogtraceIDList", KaloGetAnalogtraceIDList(kAxis, kind, words, bitmap.data(), ids.data()));
+        Check("KaloGetAnalogtraceIDList",
+              KaloGetAnalogtraceIDList(kAxis, kind, words, bitmap.data(), ids.data()));
     const std::vector<std::uint32_t> unlisted = UnlistedIds(kind, counts[1], map, bitmap);
     ids.insert(ids.end(), unlisted.begin(), unlisted.end());
     return ids;
@@ -139,8 +144,11 @@ Table IoTraces(const TraceQuestion& question) {
     const auto words = static_cast<std::uint16_t>(bitmap.size());
     const auto ids = ReadList<std::uint32_t, std::uint16_t>(
         "KaloGetIotraceNum",
-        [&](std::uint16_t* count) { return KaloGetIotraceNum(kAxis, question.kind, words, bitmap.data(), count); },
-        "KaloGetIotraceIDList", [&](std::uint16_t, std::uint32_t* list) {
+        [&](std::uint16_t* count) {
+            return KaloGetIotraceNum(kAxis, question.kind, words, bitmap.data(), count);
+        },
+        "KaloGetIotraceIDList",
+        [&](std::uint16_t, std::uint32_t* list) {
             return KaloGetIotraceIDList(kAxis, question.kind, words, bitmap.data(), list);
         });
     std::vector<KaloIoTrace> records;

@@ -7,8 +7,8 @@
 
 namespace cli {
 
-// A trace kind, and the bitmap by which a drive tells what it supports; an empty one stands for a drive that supports
-// everything.
+// A trace kind, and the bitmap by which a drive tells what it supports; an empty one stands for a drive that
+// supports everything.
 struct TraceQuestion {
     std::uint32_t kind;
     std::vector<std::uint16_t> support;

@@ -37,11 +37,11 @@ struct Options {
 void Build(const Options& options) {
     const Combination& c = options.combination;
     Check("KaloAnalogtraceCreate",
-          KaloAnalogtraceCreate(options.common.language, c.model, c.firmware, c.customSpec, c.option, c.optionFirmware,
-                                c.optionCustomSpec, kAxis, options.specVersion, 0));
+          KaloAnalogtraceCreate(options.common.language, c.model, c.firmware, c.customSpec, c.option,
+                                c.optionFirmware, c.optionCustomSpec, kAxis, options.specVersion, 0));
     Check("KaloIotraceCreate",
-          KaloIotraceCreate(c.model, c.firmware, c.customSpec, c.option, c.optionFirmware, c.optionCustomSpec, kAxis,
-                            options.specVersion, options.controlType));
+          KaloIotraceCreate(c.model, c.firmware, c.customSpec, c.option, c.optionFirmware, c.optionCustomSpec,
+                            kAxis, options.specVersion, options.controlType));
 }
 
 std::vector<std::uint16_t> Bitmap(const std::vector<std::string>& words) {
@@ -58,9 +58,9 @@ std::uint32_t ServoOf(const Options& options) {
 Table Converted(const Options& options) {
     const std::uint32_t id = *options.convert;
     std::uint32_t converted = 0;
-    const KaloStatus status =
-        options.io ? KaloConvertTraceID(kAxis, kIoIds, ServoOf(options), 0, static_cast<std::uint16_t>(id), &converted)
-                   : KaloConvertTraceID(kAxis, kAnalogIds, id, 0, 0, &converted);
+    const KaloStatus status = options.io ? KaloConvertTraceID(kAxis, kIoIds, ServoOf(options), 0,
+                                                              static_cast<std::uint16_t>(id), &converted)
+                                         : KaloConvertTraceID(kAxis, kAnalogIds, id, 0, 0, &converted);
     Check("KaloConvertTraceID", status);
     return {{{"id"}, {"converted"}}, {{id, converted}}};
 }
@@ -77,11 +77,13 @@ Table Compared(const Options& options) {
 
 // What needs no axis; false where the question is another.
 bool AnswerOffline(const Options& options, Table& answer) {
-    if (!options.same.empty()) answer = Compared(options);
+    if (!options.same.empty())
+        answer = Compared(options);
     else if (options.offline)
         answer = options.io ? OfflineIoTrace(options.fromModel.value_or(0), *options.offline)
                             : OfflineAnalogTrace(*options.offline);
-    else return false;
+    else
+        return false;
     return true;
 }
 
@@ -114,14 +116,19 @@ void AddTracesCommand(CLI::App& app) {
     CLI::Option* analog = command->add_flag("--analog", options->analog, "Analog targets (the default)");
     command->add_flag("--io", options->io, "Digital signals")->excludes(analog);
     AddNumber(*command, "--kind", options->kind, "Trace kind, 1 to 32 (default 1)");
-    command->add_option("--support", options->support, "The drive's bitmap of 16-bit words (default: all supported)")
+    command
+        ->add_option("--support", options->support,
+                     "The drive's bitmap of 16-bit words (default: all supported)")
         ->type_name("WORD");
     AddNumber(*command, "--spec-version", options->specVersion, "Newest version of the trace wanted");
     AddNumber(*command, "--control-type", options->controlType, "Control type of the digital signals");
-    AddNumber(*command, "--convert", options->convert, "The drive's own id for an id of the other generation");
-    AddNumber(*command, "--from-model", options->fromModel, "Amplifier that digital ids are of (default: the model)");
+    AddNumber(*command, "--convert", options->convert,
+              "The drive's own id for an id of the other generation");
+    AddNumber(*command, "--from-model", options->fromModel,
+              "Amplifier that digital ids are of (default: the model)");
     AddNumber(*command, "--offline", options->offline, "One target without a drive; needs no model");
-    command->add_option("--same", options->same, "Whether two ids belong to one group; needs no model")->expected(2);
+    command->add_option("--same", options->same, "Whether two ids belong to one group; needs no model")
+        ->expected(2);
     command->add_flag("--none", options->none, "The settings that stand for no target");
     command->final_callback([options] { Show(*options); });
 }

@@ -60,7 +60,8 @@ void WorkingCopy::CopyFile(const fs::path& original, const std::string& shownNam
     std::error_code error;
     fs::copy_file(original, copy_, error);
     if (error)
-        throw Failure(fmt::format("{}: the file cannot be copied: {} (DAO error 3051)", shownName, error.message()));
+        throw Failure(
+            fmt::format("{}: the file cannot be copied: {} (DAO error 3051)", shownName, error.message()));
     fs::permissions(copy_, fs::perms::owner_read | fs::perms::owner_write, error);
     fs::path log = original;
     log += "-wal";
@@ -68,7 +69,8 @@ void WorkingCopy::CopyFile(const fs::path& original, const std::string& shownNam
     logCopy += "-wal";
     if (fs::exists(log, error)) fs::copy_file(log, logCopy, error);
     if (error)
-        throw Failure(fmt::format("{}-wal: the log beside the file cannot be copied: {}", shownName, error.message()));
+        throw Failure(
+            fmt::format("{}-wal: the log beside the file cannot be copied: {}", shownName, error.message()));
 }
 
 }  // namespace cli
