@@ -203,9 +203,10 @@ int LibraryTest::ReleaseLock() {
 }
 
 void LibraryTest::ReloadLibrary() {
-    static char instance;
-    DllMain(&instance, DLL_PROCESS_DETACH, nullptr);
-    ASSERT_TRUE(DllMain(&instance, DLL_PROCESS_ATTACH, nullptr));
+    static char address;
+    const auto instance = reinterpret_cast<HINSTANCE>(&address);
+    DllMain(instance, DLL_PROCESS_DETACH, nullptr);
+    ASSERT_TRUE(DllMain(instance, DLL_PROCESS_ATTACH, nullptr));
 }
 
 void LibraryTest::ExpectFaults(const FaultCase& fault) {
