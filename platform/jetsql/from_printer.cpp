@@ -142,6 +142,7 @@ void FromPrinter::Append(const Source& source) {
         } else {
             text_.sql += " ON " + on;
         }
+        text_.on = on;
         return;
     }
     const bool left = source.join == JoinKind::Left;

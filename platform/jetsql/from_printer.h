@@ -13,6 +13,7 @@ namespace jetsql {
 struct FromText {
     std::string sql;                      // `"a" AS t1 LEFT JOIN "b" AS t2 ON …`
     std::vector<std::string> conditions;  // to be joined to WHERE by AND
+    std::string on;                       // of an inner join of two sources, the last one appended
 };
 
 // Binds the sources into `scope`, in the order in which they are written, and prints them.

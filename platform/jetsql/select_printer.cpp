@@ -82,6 +82,10 @@ SelectText SelectPrinter::Print() {
     text_.grouped = !select_.groupBy.empty() || select_.having || HasAggregates();
     text_.top = select_.top;
     text_.singleRow = (text_.grouped && select_.groupBy.empty()) || select_.from.empty() || select_.top == 1;
+    if (scope_.Size() == 1 && !text_.grouped && !text_.distinct) {
+        text_.rowid = scope_.At(0).rowid;
+        if (!text_.rowid.empty()) text_.rowSource = scope_.At(0).from;
+    }
     PrintGroupBy(text_.tail);
     PrintItems();
     PrintOrder();

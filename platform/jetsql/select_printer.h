@@ -30,6 +30,8 @@ struct SelectText {
     std::size_t ownKeys = 0;      // so many of them come from its ORDER BY
     bool distinct = false;
     bool grouped = false;
+    std::string rowSource;   // the table alone, where the rows are those of one table
+    std::string rowid;       // and its row number
     bool singleRow = false;  // one row at most, whatever the tables hold
     std::optional<std::int64_t> top;
 
@@ -48,6 +50,7 @@ struct SelectText {
   private:
     std::string Source() const;
     std::string Ranked(bool ordered) const;
+    std::string SortedByRow() const;
 };
 
 // The outputs' names: alias, else column name, which is qualified by its table where several outputs share

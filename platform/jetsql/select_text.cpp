@@ -76,7 +76,20 @@ std::string SelectText::Ranked(bool keys) const {
            Source() + ")) WHERE place <= " + std::to_string(*top);
 }
 
+// Sorts row numbers and reads the rows by them: no second copy of a wide table. (The bound keeps SQLite from leaving
+// out the inner order.)
+std::string SelectText::SortedByRow() const {
+    SelectText rows = *this;
+    rows.items.assign(1, SelectItem());
+    rows.items[0].sql = rowid + " AS r";
+    SelectText whole = *this;
+    whole.tail = " FROM (" + rows.Plain() + OrderClause(order) + " LIMIT -1) AS q CROSS JOIN " + rowSource + " ON " +
+                 rowid + " = q.r";
+    return whole.Plain();
+}
+
 std::string SelectText::Ordered() const {
+    if (!top && ownKeys > 0 && !rowSource.empty()) return SortedByRow();
     if (!top) return Plain() + OrderClause(order);
     if (ownKeys == 0) return Plain() + OrderClause(order) + " LIMIT " + std::to_string(*top);
     std::vector<OrderKey> keys;

@@ -32,6 +32,7 @@ class UpdatePrinter {
     std::string OverJoin() const;
     std::string LastMatches() const;
     std::string RankedMatches() const;
+    std::string MatchedRows(const BoundSource& joined) const;
     const BoundSource* OnlyJoinedTable() const;
     bool ReadsOldValues() const;
     std::vector<OrderKey> MatchOrder() const;
@@ -111,11 +112,22 @@ std::string UpdatePrinter::LastMatches() const {
     std::string sql = "SELECT q.r AS r";
     for (std::size_t i = 0; i < values_.size(); ++i)
         sql += ", " + values_[i].sql + " AS v" + std::to_string(i + 1);
-    sql += " FROM (SELECT " + target_->rowid + " AS r, max(" + joined->rowid + ") AS n FROM " + from_.sql +
-           where_ + " GROUP BY " + target_->rowid + ") AS q";
+    sql += " FROM (SELECT " + target_->rowid + " AS r, max(" + joined->rowid + ") AS n FROM " +
+           MatchedRows(*joined) + " GROUP BY " + target_->rowid + ") AS q";
     if (ReadsOldValues()) sql += " JOIN " + target_->from + " ON " + target_->rowid + " = q.r";
     return sql + (joined->nullable ? " LEFT JOIN " : " JOIN ") + joined->from + " ON " + joined->rowid +
            " = q.n";
+}
+
+// The pairs of target row and joined row, with FROM's and WHERE's conditions. An inner join reads the joined table
+// once, as it is stored, and finds the target rows by their keys, for which SQLite makes an index of its own: left
+// to itself it may read the joined table for every target row, by an index on some column of a filter.
+std::string UpdatePrinter::MatchedRows(const BoundSource& joined) const {
+    if (update_.from.size() != 1 || update_.from[0]->join != JoinKind::Inner) return from_.sql + where_;
+    const std::string where =
+        where_.empty() ? "" : " AND (" + where_.substr(std::string_view(" WHERE ").size()) + ')';
+    return joined.from + (joined.table != nullptr ? " NOT INDEXED" : "") + " CROSS JOIN " + target_->from +
+           " WHERE (" + from_.on + ')' + where;
 }
 
 // The table that the target is joined to, when it is one table alone.
