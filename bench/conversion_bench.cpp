@@ -49,8 +49,8 @@ void Conversion(benchmark::State& state) {
     const fs::path sample = fs::path(KALO_SAMPLE_DIR) / "IdeInfo.mdb";
     const fs::path script = directory.File("export.sh");
     WriteExportScript(script);
-    const std::string exportCommand =
-        "sh '" + script.string() + "' '" + sample.string() + "' '" + directory.File("export.db").string() + "'";
+    const std::string exportCommand = "sh '" + script.string() + "' '" + sample.string() + "' '" +
+                                      directory.File("export.db").string() + "'";
     double library = 0;
     double plain = 0;
     int turn = 0;
@@ -63,7 +63,8 @@ void Conversion(benchmark::State& state) {
         const double start = WallSeconds();
         Convert(file);
         const double between = WallSeconds();
-        if (std::system(exportCommand.c_str()) != 0) return state.SkipWithError("mdb-export | sqlite3 failed");
+        if (std::system(exportCommand.c_str()) != 0)
+            return state.SkipWithError("mdb-export | sqlite3 failed");
         const double end = WallSeconds();
         state.SetIterationTime(between - start);
         // The fastest turn of each is the least disturbed one.

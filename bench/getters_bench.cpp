@@ -23,8 +23,8 @@ std::string ColumnList(const PlainDatabase& file, const std::string& table, cons
     return list;
 }
 
-// A table as a builder leaves it, with as many rows as asked for: those of a built table again and again, under
-// keys from 1.
+// A table as a builder leaves it, with as many rows as asked for: those of a built table again and again,
+// under keys from 1.
 std::string MakeLarge(const PlainDatabase& file, const std::string& built, const std::string& key, int rows) {
     const std::string table = "Large_" + key + "_" + std::to_string(rows);
     Query definition = file.Prepare("SELECT sql FROM sqlite_schema WHERE name = '" + built + "'");
@@ -33,8 +33,8 @@ std::string MakeLarge(const PlainDatabase& file, const std::string& built, const
     sql.replace(sql.find(built), built.size(), table);
     definition = {};
     file.Run(sql);
-    file.Run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " + std::to_string(rows) +
-             ") INSERT INTO [" + table + "] SELECT " + ColumnList(file, built, key) +
+    file.Run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
+             std::to_string(rows) + ") INSERT INTO [" + table + "] SELECT " + ColumnList(file, built, key) +
              " FROM n JOIN (SELECT row_number() OVER () - 1 AS place, * FROM [" + built +
              "]) AS b ON b.place = n.i % (SELECT count(*) FROM [" + built + "]) ORDER BY n.i");
     return table;
@@ -49,7 +49,9 @@ std::string TableOf(const PlainDatabase& file, const char* column) {
 constexpr struct {
     const char* column;
     const char* key;
-} kKinds[] = {{"userparameter_table", "Parameter_id"}, {"monitor_table", "monitor_id"}, {"dispalarm_table", "alarm_code"}};
+} kKinds[] = {{"userparameter_table", "Parameter_id"},
+              {"monitor_table", "monitor_id"},
+              {"dispalarm_table", "alarm_code"}};
 
 void MakeLargeTables(const PlainDatabase& file) {
     BuildParameters(kDrive, kAxis);
@@ -138,7 +140,8 @@ void UserParameter(benchmark::State& state, int rows) {
     PlainGetters getters(LargeTables());
     const auto axis = static_cast<std::int16_t>(rows / 1000);
     OneRecord<KaloUserParameter>(
-        state, rows, [&](int id, auto& record) { Check(KaloGetUParaInfo(axis, id, &record), "KaloGetUParaInfo"); },
+        state, rows,
+        [&](int id, auto& record) { Check(KaloGetUParaInfo(axis, id, &record), "KaloGetUParaInfo"); },
         [&](int id, auto& record) { getters.UserParameter(axis, id, record); });
 }
 
@@ -180,7 +183,8 @@ void UserParameters(benchmark::State& state, int axis, int count) {
     Bulk<KaloUserParameter>(
         state, count,
         [&](auto* records) {
-            Check(KaloGetAllUParaInfo(number, static_cast<std::int16_t>(count), records), "KaloGetAllUParaInfo");
+            Check(KaloGetAllUParaInfo(number, static_cast<std::int16_t>(count), records),
+                  "KaloGetAllUParaInfo");
         },
         [&](auto* records) { getters.UserParameters(axis, count, records); });
 }
@@ -204,7 +208,10 @@ void Diagnosis(benchmark::State& state) {
     std::vector<KaloAlarmDiagnosis> records(16);
     std::vector<KaloAlarmDiagnosis> plainRecords(16);
     Measure(state,
-            {[&] { Check(KaloGetAlarmDiagData(kAxis, kAlarm, kAllTypes, records.data()), "KaloGetAlarmDiagData"); },
+            {[&] {
+                 Check(KaloGetAlarmDiagData(kAxis, kAlarm, kAllTypes, records.data()),
+                       "KaloGetAlarmDiagData");
+             },
              [&] { getters.Diagnoses(kAxis, kAlarm, kAllTypes, plainRecords.data()); }, kBulkBudget, 4});
     if (records[0].condition_count != plainRecords[0].condition_count ||
         std::strcmp(records[0].factor, plainRecords[0].factor) != 0)
@@ -214,20 +221,62 @@ void Diagnosis(benchmark::State& state) {
 constexpr int kTurns = 60;
 constexpr int kLongTurns = 15;
 
-BENCHMARK_CAPTURE(UserParameter, 2000_rows, 2'000)->Name("KaloGetUParaInfo, 2,000 rows")->Iterations(kTurns)->UseManualTime();
-BENCHMARK_CAPTURE(UserParameter, 20000_rows, 20'000)->Name("KaloGetUParaInfo, 20,000 rows")->Iterations(kTurns)->UseManualTime();
-BENCHMARK_CAPTURE(UserParameter, 200000_rows, 200'000)->Name("KaloGetUParaInfo, 200,000 rows")->Iterations(kTurns)->UseManualTime();
-BENCHMARK_CAPTURE(Monitor, 2000_rows, 2'000)->Name("KaloGetMonitorInfo, 2,000 rows")->Iterations(kTurns)->UseManualTime();
-BENCHMARK_CAPTURE(Monitor, 20000_rows, 20'000)->Name("KaloGetMonitorInfo, 20,000 rows")->Iterations(kTurns)->UseManualTime();
-BENCHMARK_CAPTURE(Monitor, 200000_rows, 200'000)->Name("KaloGetMonitorInfo, 200,000 rows")->Iterations(kTurns)->UseManualTime();
-BENCHMARK_CAPTURE(Alarm, 2000_rows, 2'000)->Name("KaloGetAlarmInfo, 2,000 rows")->Iterations(kTurns)->UseManualTime();
-BENCHMARK_CAPTURE(Alarm, 20000_rows, 20'000)->Name("KaloGetAlarmInfo, 20,000 rows")->Iterations(kTurns)->UseManualTime();
-BENCHMARK_CAPTURE(Alarm, 200000_rows, 200'000)->Name("KaloGetAlarmInfo, 200,000 rows")->Iterations(kTurns)->UseManualTime();
-BENCHMARK_CAPTURE(UserParameters, sample, kAxis, 485)->Name("KaloGetAllUParaInfo, sample")->Iterations(kTurns)->UseManualTime();
-BENCHMARK_CAPTURE(UserParameters, 2000_rows, 2, 2'000)->Name("KaloGetAllUParaInfo, 2,000 rows")->Iterations(kTurns)->UseManualTime();
-BENCHMARK_CAPTURE(UserParameters, 20000_rows, 20, 20'000)->Name("KaloGetAllUParaInfo, 20,000 rows")->Iterations(kLongTurns)->UseManualTime();
-BENCHMARK_CAPTURE(Monitors, sample, kAxis, 160)->Name("KaloGetAllMonitorInfo, sample")->Iterations(kTurns)->UseManualTime();
-BENCHMARK_CAPTURE(Monitors, 20000_rows, 20, 20'000)->Name("KaloGetAllMonitorInfo, 20,000 rows")->Iterations(kLongTurns)->UseManualTime();
+BENCHMARK_CAPTURE(UserParameter, 2000_rows, 2'000)
+    ->Name("KaloGetUParaInfo, 2,000 rows")
+    ->Iterations(kTurns)
+    ->UseManualTime();
+BENCHMARK_CAPTURE(UserParameter, 20000_rows, 20'000)
+    ->Name("KaloGetUParaInfo, 20,000 rows")
+    ->Iterations(kTurns)
+    ->UseManualTime();
+BENCHMARK_CAPTURE(UserParameter, 200000_rows, 200'000)
+    ->Name("KaloGetUParaInfo, 200,000 rows")
+    ->Iterations(kTurns)
+    ->UseManualTime();
+BENCHMARK_CAPTURE(Monitor, 2000_rows, 2'000)
+    ->Name("KaloGetMonitorInfo, 2,000 rows")
+    ->Iterations(kTurns)
+    ->UseManualTime();
+BENCHMARK_CAPTURE(Monitor, 20000_rows, 20'000)
+    ->Name("KaloGetMonitorInfo, 20,000 rows")
+    ->Iterations(kTurns)
+    ->UseManualTime();
+BENCHMARK_CAPTURE(Monitor, 200000_rows, 200'000)
+    ->Name("KaloGetMonitorInfo, 200,000 rows")
+    ->Iterations(kTurns)
+    ->UseManualTime();
+BENCHMARK_CAPTURE(Alarm, 2000_rows, 2'000)
+    ->Name("KaloGetAlarmInfo, 2,000 rows")
+    ->Iterations(kTurns)
+    ->UseManualTime();
+BENCHMARK_CAPTURE(Alarm, 20000_rows, 20'000)
+    ->Name("KaloGetAlarmInfo, 20,000 rows")
+    ->Iterations(kTurns)
+    ->UseManualTime();
+BENCHMARK_CAPTURE(Alarm, 200000_rows, 200'000)
+    ->Name("KaloGetAlarmInfo, 200,000 rows")
+    ->Iterations(kTurns)
+    ->UseManualTime();
+BENCHMARK_CAPTURE(UserParameters, sample, kAxis, 485)
+    ->Name("KaloGetAllUParaInfo, sample")
+    ->Iterations(kTurns)
+    ->UseManualTime();
+BENCHMARK_CAPTURE(UserParameters, 2000_rows, 2, 2'000)
+    ->Name("KaloGetAllUParaInfo, 2,000 rows")
+    ->Iterations(kTurns)
+    ->UseManualTime();
+BENCHMARK_CAPTURE(UserParameters, 20000_rows, 20, 20'000)
+    ->Name("KaloGetAllUParaInfo, 20,000 rows")
+    ->Iterations(kLongTurns)
+    ->UseManualTime();
+BENCHMARK_CAPTURE(Monitors, sample, kAxis, 160)
+    ->Name("KaloGetAllMonitorInfo, sample")
+    ->Iterations(kTurns)
+    ->UseManualTime();
+BENCHMARK_CAPTURE(Monitors, 20000_rows, 20, 20'000)
+    ->Name("KaloGetAllMonitorInfo, 20,000 rows")
+    ->Iterations(kLongTurns)
+    ->UseManualTime();
 BENCHMARK(Diagnosis)->Name("KaloGetAlarmDiagData, ten conditions")->Iterations(kTurns)->UseManualTime();
 
 }  // namespace

@@ -8,7 +8,8 @@ namespace {
 class TableReporter : public benchmark::BenchmarkReporter {
   public:
     bool ReportContext(const Context&) override {
-        std::printf("%-46s %12s %12s %8s %8s  %s\n", "work", "library us", "plain us", "ratio", "budget", "met");
+        std::printf("%-46s %12s %12s %8s %8s  %s\n", "work", "library us", "plain us", "ratio", "budget",
+                    "met");
         return true;
     }
 
@@ -37,8 +38,8 @@ class TableReporter : public benchmark::BenchmarkReporter {
         const double ratio = Counter(run, "ratio");
         const double budget = Counter(run, "budget");
         const char* const verdict = budget == 0 ? "" : ratio <= budget ? "yes" : "NO";
-        std::printf("%-46s %12.2f %12.2f %8.2f ", name.c_str(), Counter(run, "library"), Counter(run, "plain"),
-                    ratio);
+        std::printf("%-46s %12.2f %12.2f %8.2f ", name.c_str(), Counter(run, "library"),
+                    Counter(run, "plain"), ratio);
         if (budget != 0)
             std::printf("%8.2f  %s", budget, verdict);
         else

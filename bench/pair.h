@@ -6,8 +6,8 @@
 
 namespace bench {
 
-// One piece of work done by the library and by the plain program, in turns. The steps between the turns are not
-// measured.
+// One piece of work done by the library and by the plain program, in turns. The steps between the turns are
+// not measured.
 struct Pair {
     std::function<void()> library;
     std::function<void()> plain;
@@ -18,8 +18,8 @@ struct Pair {
 };
 
 // Runs a pair, one turn of each side an iteration, and reports the medians as counters: library and plain (in
-// microseconds a call), ratio, and the budget. Time is the processor time of this process: what else the machine
-// does is no part of it.
+// microseconds a call), ratio, and the budget. Time is the processor time of this process: what else the
+// machine does is no part of it.
 void Measure(benchmark::State& state, const Pair& pair);
 
 // Reports values that were measured otherwise.

@@ -13,10 +13,11 @@ struct PlainBuilders::Family {
 
     std::string firmwareTable;
     std::string customSpecTable;
-    std::vector<Key> keys;                  // of a modify
-    std::string deleteKey;                  // of a delete
-    std::vector<std::string> modified;      // columns
-    std::vector<std::string> insertedFrom;  // further columns of an insert; the keys that are no data come first
+    std::vector<Key> keys;              // of a modify
+    std::string deleteKey;              // of a delete
+    std::vector<std::string> modified;  // columns
+    std::vector<std::string>
+        insertedFrom;  // further columns of an insert; the keys that are no data come first
 };
 
 namespace {
@@ -41,32 +42,52 @@ std::string Assignments(const Columns& columns) {
     return text;
 }
 
-const Columns kParameterColumns = {
-    "user_constant",       "category_name_id", "parameter_name_id", "nibble_data_id", "dec_data_id", "decdata_num",
-    "nonvolatile_address", "volatile_address", "size",              "max",            "min",         "max_check",
-    "min_check",           "initial_value",    "unit_str_id",       "edit_type",      "disp_type",   "user_level",
-    "control_mode",        "access_level",     "sv_control_type",   "effective_timing", "fixed_id",  "parameter_help"};
+const Columns kParameterColumns = {"user_constant",
+                                   "category_name_id",
+                                   "parameter_name_id",
+                                   "nibble_data_id",
+                                   "dec_data_id",
+                                   "decdata_num",
+                                   "nonvolatile_address",
+                                   "volatile_address",
+                                   "size",
+                                   "max",
+                                   "min",
+                                   "max_check",
+                                   "min_check",
+                                   "initial_value",
+                                   "unit_str_id",
+                                   "edit_type",
+                                   "disp_type",
+                                   "user_level",
+                                   "control_mode",
+                                   "access_level",
+                                   "sv_control_type",
+                                   "effective_timing",
+                                   "fixed_id",
+                                   "parameter_help"};
 
 const Columns kMonitorColumns = {"user_constant", "category_name_id", "monitor_name_id", "display_type",
                                  "on_content_id", "off_content_id",   "unit_str_id",     "size",
                                  "bit_position",  "address",          "access_level",    "sv_control_type",
                                  "fixed_id",      "parameter_help"};
 
-const Columns kIoColumns = {"io_code",       "address",        "digit",   "value",       "logical_name",
-                            "physical_name", "positive_logic", "reverse", "mode_select", "input_mode_select",
-                            "reverse_address"};
+const Columns kIoColumns = {"io_code",      "address",           "digit",          "value",
+                            "logical_name", "physical_name",     "positive_logic", "reverse",
+                            "mode_select",  "input_mode_select", "reverse_address"};
 
-const Columns kAlarmColumns = {"alarm_display",     "indexer_alarm_code", "alarm_level", "alarm_meaning_id",
-                               "alarm_type",        "alarm_category_id",  "alarm_name_id", "alo",
-                               "fixed_id",          "help_path"};
+const Columns kAlarmColumns = {"alarm_display", "indexer_alarm_code", "alarm_level",   "alarm_meaning_id",
+                               "alarm_type",    "alarm_category_id",  "alarm_name_id", "alo",
+                               "fixed_id",      "help_path"};
 
-const Columns kAnalogColumns = {"analog_id",    "target_name",  "index",     "bitindex",        "display_flag",
-                                "unit_str_id",  "unit",         "unit_multiplier", "unit_name", "conversion_type",
-                                "limit",        "max_level",    "min_level", "default_flag",    "spec_version",
-                                "order",        "access_level", "support"};
+const Columns kAnalogColumns = {
+    "analog_id", "target_name",     "index",        "bitindex",        "display_flag", "unit_str_id",
+    "unit",      "unit_multiplier", "unit_name",    "conversion_type", "limit",        "max_level",
+    "min_level", "default_flag",    "spec_version", "order",           "access_level", "support"};
 
-const Columns kIoTraceColumns = {"io_name",  "value", "reverse",      "default_flag",    "spec_version", "index",
-                                 "bitindex", "order", "access_level", "sv_control_type", "support"};
+const Columns kIoTraceColumns = {"io_name",      "value",           "reverse",  "default_flag",
+                                 "spec_version", "index",           "bitindex", "order",
+                                 "access_level", "sv_control_type", "support"};
 
 bool IsCustomSpec(int customSpec) {
     return customSpec != 0 && customSpec != 65535;
@@ -112,8 +133,8 @@ void PlainBuilders::Insert(const std::string& work, const std::string& delta, co
         into.insert(into.end(), columns->begin(), columns->end());
         from.insert(from.end(), columns->begin(), columns->end());
     }
-    database_.Run("INSERT INTO [" + work + "] (" + Joined(into) + ") SELECT " + Joined(from) + " FROM " + delta +
-                  " WHERE change_type = 2 AND " + filter);
+    database_.Run("INSERT INTO [" + work + "] (" + Joined(into) + ") SELECT " + Joined(from) + " FROM " +
+                  delta + " WHERE change_type = 2 AND " + filter);
 }
 
 void PlainBuilders::Delete(const std::string& work, const std::string& delta, const Family& family,
@@ -158,7 +179,8 @@ void PlainBuilders::Name(const std::string& work, const std::string& names, cons
 
 PlainBuilders::Names PlainBuilders::Identify(Drive drive) const {
     Query variants = database_.Prepare(
-        "SELECT ide_servo_id, modify_flag_bitmask, modify_flag, modify_threshold_bitmask, modify_threshold FROM "
+        "SELECT ide_servo_id, modify_flag_bitmask, modify_flag, modify_threshold_bitmask, modify_threshold "
+        "FROM "
         "model_subspecies WHERE servo_id = ?1 ORDER BY modify_threshold DESC");
     variants.Bind(1, drive.servo & 0xFF);
     while (variants.Step()) {
@@ -294,11 +316,15 @@ void PlainBuilders::UserParameters(const Drive& asked, int axis) const {
         database_.Run("CREATE TABLE [" + work + "] AS SELECT * FROM [" + names.model + "_Upara]");
         MergeParameters(work, drive);
         database_.Run(DropLeftover(digits));
-        database_.Run("CREATE TABLE [" + digits + "] AS SELECT * FROM nibble_ex WHERE nibble_data_id IN (SELECT "
-                      "nibble_data_id FROM [" + work + "])");
+        database_.Run("CREATE TABLE [" + digits +
+                      "] AS SELECT * FROM nibble_ex WHERE nibble_data_id IN (SELECT "
+                      "nibble_data_id FROM [" +
+                      work + "])");
         database_.Run(DropLeftover(decimals));
-        database_.Run("CREATE TABLE [" + decimals + "] AS SELECT * FROM decdata WHERE dec_data_id IN (SELECT "
-                      "dec_data_id FROM [" + work + "]) AND country_id = " + Text(drive.country));
+        database_.Run("CREATE TABLE [" + decimals +
+                      "] AS SELECT * FROM decdata WHERE dec_data_id IN (SELECT "
+                      "dec_data_id FROM [" +
+                      work + "]) AND country_id = " + Text(drive.country));
         FinishParameters(work, drive);
         database_.Run(DropLeftover(table));
         database_.Run("CREATE TABLE [" + table + "] AS SELECT * FROM [" + work + "] ORDER BY Parameter_id");
@@ -321,9 +347,10 @@ void PlainBuilders::ApplyModel(const std::string& work, const Family& family, in
 
 void PlainBuilders::Monitors(const Drive& asked, int axis) const {
     static const Family monitors = {
-        "FirmMon", "CmodMon", {{"monitor_id", "monitor_id", "monitor_id"}}, "monitor_id", kMonitorColumns, {}};
-    static const Family io = {
-        "FirmIo", "CmodIo", {{"Parameter_id", "Parameter_id", "Parameter_id"}}, "Parameter_id", kIoColumns, {}};
+        "FirmMon",    "CmodMon",       {{"monitor_id", "monitor_id", "monitor_id"}},
+        "monitor_id", kMonitorColumns, {}};
+    static const Family io = {"FirmIo",       "CmodIo",   {{"Parameter_id", "Parameter_id", "Parameter_id"}},
+                              "Parameter_id", kIoColumns, {}};
     const Names names = Identify(asked);
     const Drive& drive = names.drive;
     const std::string table = names.withPower + "_Mon";
@@ -333,7 +360,8 @@ void PlainBuilders::Monitors(const Drive& asked, int axis) const {
     const auto build = [&](const std::string& work, const std::string& base, const Family& family) {
         database_.Run("CREATE TABLE [" + work + "] AS SELECT * FROM [" + base + "]");
         ApplyModel(work, family, drive.servo, drive.firmware, drive.customSpec);
-        if (drive.HasOption()) ApplyModel(work, family, drive.option, drive.optionFirmware, drive.optionCustomSpec);
+        if (drive.HasOption())
+            ApplyModel(work, family, drive.option, drive.optionFirmware, drive.optionCustomSpec);
     };
     if (!monitorsExist) {
         const std::string language = "country_id = " + Text(drive.country);
@@ -350,8 +378,9 @@ void PlainBuilders::Monitors(const Drive& asked, int axis) const {
 }
 
 void PlainBuilders::Alarms(const Drive& asked, int axis) const {
-    static const Family alarms = {"FirmDispAlarm", "CmodDispAlarm", {{"alarm_code", "alarm_code", "alarm_code"}},
-                                  "alarm_code",    kAlarmColumns,   {}};
+    static const Family alarms = {
+        "FirmDispAlarm", "CmodDispAlarm", {{"alarm_code", "alarm_code", "alarm_code"}},
+        "alarm_code",    kAlarmColumns,   {}};
     const Names names = Identify(asked);
     const Drive& drive = names.drive;
     const std::string table = names.withPower + "_DispAl";
@@ -414,8 +443,9 @@ void PlainBuilders::AnalogTrace(const Drive& asked, int axis, int specVersion) c
             "SELECT max(spec_version) FROM analogtrace WHERE spec_version <= " + Text(specVersion));
         database_.Run(DropLeftover(work));
         database_.Run(DropLeftover(table));
-        database_.Run("CREATE TABLE [" + work + "] AS SELECT * FROM analogtrace WHERE spec_version = " +
-                      std::to_string(version) + " AND sv_control_type = 0 AND servo_id = " + Text(drive.servo) +
+        database_.Run("CREATE TABLE [" + work +
+                      "] AS SELECT * FROM analogtrace WHERE spec_version = " + std::to_string(version) +
+                      " AND sv_control_type = 0 AND servo_id = " + Text(drive.servo) +
                       " AND option_id = " + Text(drive.option));
         MergeTrace(work, family, drive);
         const std::string language = "country_id = " + Text(drive.country);
@@ -429,27 +459,26 @@ void PlainBuilders::AnalogTrace(const Drive& asked, int axis, int specVersion) c
 }
 
 void PlainBuilders::IoTrace(const Drive& asked, int axis, int specVersion, int controlType) const {
-    static const Family family = {"firmiotrace",
-                                  "cmodiotrace",
-                                  {{"servo_id", "servo_id", "servo_id"},
-                                   {"io_id", "io_id", "io_id"},
-                                   {"target", "target", "target"}},
-                                  "io_id",
-                                  kIoTraceColumns,
-                                  {"option_id"}};
+    static const Family family = {
+        "firmiotrace",
+        "cmodiotrace",
+        {{"servo_id", "servo_id", "servo_id"}, {"io_id", "io_id", "io_id"}, {"target", "target", "target"}},
+        "io_id",
+        kIoTraceColumns,
+        {"option_id"}};
     const Names names = Identify(asked);
     const Drive& drive = names.drive;
     const std::string table = names.withoutPower + "_iotrace";
     if (!IsRegistered("iotrace_table", table)) {
         const std::string work = names.withoutPower + "_iotemp";
-        const std::int64_t version =
-            database_.Number("SELECT max(spec_version) FROM iotrace WHERE spec_version <= " + Text(specVersion));
+        const std::int64_t version = database_.Number(
+            "SELECT max(spec_version) FROM iotrace WHERE spec_version <= " + Text(specVersion));
         database_.Run(DropLeftover(work));
         database_.Run(DropLeftover(table));
-        database_.Run("CREATE TABLE [" + work + "] AS SELECT * FROM iotrace WHERE spec_version = " +
-                      std::to_string(version) + " AND (sv_control_type = 0 OR sv_control_type = " +
-                      Text(controlType) + ") AND servo_id = " + Text(drive.servo) +
-                      " AND option_id = " + Text(drive.option));
+        database_.Run("CREATE TABLE [" + work +
+                      "] AS SELECT * FROM iotrace WHERE spec_version = " + std::to_string(version) +
+                      " AND (sv_control_type = 0 OR sv_control_type = " + Text(controlType) +
+                      ") AND servo_id = " + Text(drive.servo) + " AND option_id = " + Text(drive.option));
         MergeTrace(work, family, drive);
         database_.Run("CREATE TABLE [" + table + "] AS SELECT * FROM [" + work + "] ORDER BY io_id");
         database_.Run("DROP TABLE [" + work + "]");

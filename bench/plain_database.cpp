@@ -13,8 +13,8 @@ namespace {
 }
 
 int CompareWithoutCase(void*, int lengthA, const void* a, int lengthB, const void* b) {
-    const int order =
-        sqlite3_strnicmp(static_cast<const char*>(a), static_cast<const char*>(b), std::min(lengthA, lengthB));
+    const int order = sqlite3_strnicmp(static_cast<const char*>(a), static_cast<const char*>(b),
+                                       std::min(lengthA, lengthB));
     return order != 0 ? order : lengthA - lengthB;
 }
 
@@ -81,8 +81,8 @@ std::string_view Query::Text(int column) const {
 
 PlainDatabase::PlainDatabase(const std::filesystem::path& file) {
     sqlite3* database = nullptr;
-    const int code = sqlite3_open_v2(file.c_str(), &database,
-                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
+    const int code = sqlite3_open_v2(
+        file.c_str(), &database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
     handle_.reset(database);
     if (code != SQLITE_OK) Give(database, file);
     // The library's files order texts by a collation of this name.

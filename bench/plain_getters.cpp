@@ -176,7 +176,8 @@ PlainGetters::PlainGetters(const PlainDatabase& database)
       parameters_(MakeQuery("userparameter_table", kParameterFields, " ORDER BY Parameter_id")),
       monitor_(MakeQuery("monitor_table", kMonitorFields, " WHERE monitor_id = ?1")),
       monitors_(MakeQuery("monitor_table", kMonitorFields, " ORDER BY monitor_id")),
-      alarm_(MakeQuery("dispalarm_table", "alarm_code, alarm_name, alo, help_path", " WHERE alarm_code = ?1")),
+      alarm_(
+          MakeQuery("dispalarm_table", "alarm_code, alarm_name, alo, help_path", " WHERE alarm_code = ?1")),
       identity_(database.Prepare("SELECT servo_id, option_id, sFirm_version, sCmod_version, oFirm_version, "
                                  "oCmod_version FROM tablemanager WHERE axis_num = ?1")),
       monitorTable_(database.Prepare("SELECT monitor_table FROM tablemanager WHERE axis_num = ?1")) {}

@@ -101,7 +101,8 @@ void BuildAnalogTrace(const Drive& drive, int axis) {
 
 void BuildIoTrace(const Drive& drive, int axis) {
     Check(KaloIotraceCreate(drive.servo, drive.firmware, drive.customSpec, drive.option, drive.optionFirmware,
-                            drive.optionCustomSpec, static_cast<std::int16_t>(axis), kSpecVersion, kControlType),
+                            drive.optionCustomSpec, static_cast<std::int16_t>(axis), kSpecVersion,
+                            kControlType),
           "KaloIotraceCreate");
 }
 

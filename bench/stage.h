@@ -43,7 +43,8 @@ class Stage {
     const PlainDatabase& Plain() const { return *plain_; }
     // Ends and begins both sessions, which forget what they kept.
     void Reopen();
-    // What differs between the library's tables of an axis and those of the plain file; empty when nothing does.
+    // What differs between the library's tables of an axis and those of the plain file; empty when nothing
+    // does.
     std::string Differences(int axis) const;
     // Counts up whenever a table of the library's file is made or dropped.
     std::int64_t DesignVersion() const;

@@ -4,10 +4,11 @@
 #include <kalodata/types.h>
 
 /*
- * User parameters: every setting of an axis's drive that a user can read or write, as it stands for the axis's
- * amplifier, option unit, firmware versions and custom specifications.
+ * User parameters: every setting of an axis's drive that a user can read or write, as it stands for the
+ * axis's amplifier, option unit, firmware versions and custom specifications.
  *
- * KaloUparaCreate builds the axis's table, the getters read it. Axes with the same combination share one table.
+ * KaloUparaCreate builds the axis's table, the getters read it. Axes with the same combination share one
+ * table.
  */
 
 #pragma pack(push, 1)
@@ -55,10 +56,11 @@ typedef struct KaloCustomSpecSummary {
 KALO_BEGIN_DECLARATIONS
 
 /*
- * Builds the user parameters of a combination, with their digits and value lists, or shares those of an axis with
- * the same combination, and names them in the axis's row. The names of the tables carry no language: the first build
- * decides. Tables that the axis had before are dropped unless another axis uses them. A combination whose language
- * has no names leaves no table behind; after another failure the next call begins anew.
+ * Builds the user parameters of a combination, with their digits and value lists, or shares those of an axis
+ * with the same combination, and names them in the axis's row. The names of the tables carry no language: the
+ * first build decides. Tables that the axis had before are dropped unless another axis uses them. A
+ * combination whose language has no names leaves no table behind; after another failure the next call begins
+ * anew.
  *
  * country_id: language of the names.
  * servo_id: the amplifier model; replaced by its variant where the database says so.
@@ -105,17 +107,17 @@ KALO_BEGIN_DECLARATIONS
  * 0x2B1A0000 + DAO  dropping the unfinished table failed
  */
 KALO_API KaloStatus KALO_CALL KaloUparaCreate(int16_t country_id, int32_t servo_id, int32_t servo_firmware,
-                                              int32_t servo_custom_spec, int32_t power_rating, int32_t option_id,
-                                              int32_t option_firmware, int32_t option_custom_spec,
-                                              int16_t axis_num);
+                                              int32_t servo_custom_spec, int32_t power_rating,
+                                              int32_t option_id, int32_t option_firmware,
+                                              int32_t option_custom_spec, int16_t axis_num);
 
 /*
  * Removes the parameters that do not exist in the control modes in use, for all axes that share the table.
  *
  * control_type_mask: parameters whose sv_control_type shares no bit with it go; 0 removes all.
  *
- * Control types are collected as text, and one whose text is the beginning of another's that came before it (1 after
- * 12) may be passed over.
+ * Control types are collected as text, and one whose text is the beginning of another's that came before it
+ * (1 after 12) may be passed over.
  *
  * 0x2BFF1570  no open database
  * 0x2BFF1571  the axis has no row
@@ -161,11 +163,12 @@ KALO_API KaloStatus KALO_CALL KaloGetUParaId(int16_t axis_num, int16_t index, ui
  * 0x2B790000 + DAO  finding the axis's table failed
  * 0x2B7A0000 + DAO  reading failed
  */
-KALO_API KaloStatus KALO_CALL KaloGetUParaInfo(int16_t axis_num, int32_t parameter_id, KaloUserParameter* record);
+KALO_API KaloStatus KALO_CALL KaloGetUParaInfo(int16_t axis_num, int32_t parameter_id,
+                                               KaloUserParameter* record);
 
 /*
- * The user parameters in the order of their ids. All records are zeroed first, unless no database is open; records
- * beyond the last parameter stay zero.
+ * The user parameters in the order of their ids. All records are zeroed first, unless no database is open;
+ * records beyond the last parameter stay zero.
  *
  * count: number of records that the caller's array holds.
  *
@@ -176,26 +179,27 @@ KALO_API KaloStatus KALO_CALL KaloGetUParaInfo(int16_t axis_num, int32_t paramet
  * 0x2B7B0000 + DAO  finding the axis's table failed
  * 0x2B7C0000 + DAO  reading failed
  */
-KALO_API KaloStatus KALO_CALL KaloGetAllUParaInfo(int16_t axis_num, int16_t count, KaloUserParameter* records);
+KALO_API KaloStatus KALO_CALL KaloGetAllUParaInfo(int16_t axis_num, int16_t count,
+                                                  KaloUserParameter* records);
 
 /*
  * The numbers of the custom specifications that change user parameters, ascending.
  *
- * which: 1 = of the amplifier model, 2 = of the option unit. For 2 the database is asked for rows whose option is
- * both model_id and option_id: pass the option unit's id as both.
- * count: number of ids that the caller's array holds.
+ * which: 1 = of the amplifier model, 2 = of the option unit. For 2 the database is asked for rows whose
+ * option is both model_id and option_id: pass the option unit's id as both. count: number of ids that the
+ * caller's array holds.
  *
  * 0x2A00006A        no open database
  * 0x2A00006B        there are none (nor for any other value of which)
  * 0x2A00006C        a number is NULL
  * 0x2B7F0000 + DAO  reading failed
  */
-KALO_API KaloStatus KALO_CALL KaloGetUserCmodId(int32_t model_id, uint32_t option_id, uint16_t which, int16_t count,
-                                                uint32_t* ids);
+KALO_API KaloStatus KALO_CALL KaloGetUserCmodId(int32_t model_id, uint32_t option_id, uint16_t which,
+                                                int16_t count, uint32_t* ids);
 
 /*
- * How many custom specifications of an amplifier model change user parameters. Without any, the status is 0 and the
- * record is zero.
+ * How many custom specifications of an amplifier model change user parameters. Without any, the status is 0
+ * and the record is zero.
  *
  * 0x2A00006D        no open database
  * 0x2A00006E        a number is NULL
@@ -205,8 +209,9 @@ KALO_API KaloStatus KALO_CALL KaloGetUserCmodNum(uint32_t model_id, uint32_t opt
                                                  KaloCustomSpecSummary* summary);
 
 /*
- * Whether the user parameters of an axis's amplifier differ between two firmware versions, or those of its option
- * unit between two of its own; in either order. The amplifier's and option unit's ids come from the axis's row.
+ * Whether the user parameters of an axis's amplifier differ between two firmware versions, or those of its
+ * option unit between two of its own; in either order. The amplifier's and option unit's ids come from the
+ * axis's row.
  *
  * changed: 1 when they differ, else 0.
  *

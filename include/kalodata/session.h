@@ -6,11 +6,11 @@
 /*
  * The session: naming the working database file, renewing it from the shipped file, opening and closing it.
  *
- * A host calls, in this order: KaloSetFileName, KaloModelTableSelect (where it wants the indexer's tables), KaloCopy,
- * KaloOpen, anything else, KaloClose. KaloCopy and KaloRemove are for a closed session only.
+ * A host calls, in this order: KaloSetFileName, KaloModelTableSelect (where it wants the indexer's tables),
+ * KaloCopy, KaloOpen, anything else, KaloClose. KaloCopy and KaloRemove are for a closed session only.
  *
- * A database file says of itself how its last session ended: "Open" (it did not), "Close" (cleanly) or "Error" (it
- * left more or fewer tables than it found, as working tables of axes that were not deleted).
+ * A database file says of itself how its last session ended: "Open" (it did not), "Close" (cleanly) or
+ * "Error" (it left more or fewer tables than it found, as working tables of axes that were not deleted).
  */
 
 /* Size of the caller's array for KaloGetMdbName. */
@@ -36,10 +36,10 @@ KALO_API void KALO_CALL KaloSetFileName(const char* caller_module, const char* f
 KALO_API KaloStatus KALO_CALL KaloModelTableSelect(uint16_t mode);
 
 /*
- * Makes sure that there is a clean working file. A working file is kept when it is at most twice as large as the
- * shipped file, both are of one version, and its last session ended cleanly. Otherwise it is deleted and made anew
- * from the shipped file, which is looked for in the directory of the host program; when the shipped file is missing,
- * the working file is lost too.
+ * Makes sure that there is a clean working file. A working file is kept when it is at most twice as large as
+ * the shipped file, both are of one version, and its last session ended cleanly. Otherwise it is deleted and
+ * made anew from the shipped file, which is looked for in the directory of the host program; when the shipped
+ * file is missing, the working file is lost too.
  *
  * language: 1 = Japanese (IdeInfoJ.mdb), anything else = English (IdeInfo.mdb).
  *
@@ -51,12 +51,14 @@ KALO_API KaloStatus KALO_CALL KaloModelTableSelect(uint16_t mode);
 KALO_API KaloStatus KALO_CALL KaloCopy(uint16_t language);
 
 /*
- * Opens the working file, marks it "Open", and makes the tables of the session: model, help, wizhelp and MonitorID,
- * copies of the base tables that KaloModelTableSelect chose, the last with monitor names in one language.
+ * Opens the working file, marks it "Open", and makes the tables of the session: model, help, wizhelp and
+ * MonitorID, copies of the base tables that KaloModelTableSelect chose, the last with monitor names in one
+ * language.
  *
- * After a failed open, functions answer as for a closed database until KaloClose. Opening an open session reopens
- * the file and then fails with 0x2BFF06BD, because the first open's tables are still there; they stay, KaloClose
- * marks the file "Close", and the next KaloOpen fails in the same way: begin again with KaloCopy after KaloRemove.
+ * After a failed open, functions answer as for a closed database until KaloClose. Opening an open session
+ * reopens the file and then fails with 0x2BFF06BD, because the first open's tables are still there; they
+ * stay, KaloClose marks the file "Close", and the next KaloOpen fails in the same way: begin again with
+ * KaloCopy after KaloRemove.
  *
  * country_id: language of the monitor names.
  *
@@ -72,8 +74,8 @@ KALO_API KaloStatus KALO_CALL KaloCopy(uint16_t language);
 KALO_API KaloStatus KALO_CALL KaloOpen(uint16_t country_id);
 
 /*
- * Drops the session's tables, marks the file "Close", or "Error" when it holds more or fewer tables than after the
- * open, and closes it. Returns 0 when nothing is open.
+ * Drops the session's tables, marks the file "Close", or "Error" when it holds more or fewer tables than
+ * after the open, and closes it. Returns 0 when nothing is open.
  *
  * 0x2B020000 + DAO  the tables cannot be counted or the file cannot be closed
  */

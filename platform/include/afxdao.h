@@ -116,7 +116,8 @@ class CDaoRecordset : public CObject {
 
     // Rows visited so far; all of them after MoveLast.
     long GetRecordCount();
-    // Clears the variant, then fills it with the current row's column (by name, without case; or by position).
+    // Clears the variant, then fills it with the current row's column (by name, without case; or by
+    // position).
     virtual void GetFieldValue(LPCTSTR name, COleVariant& value);
     virtual void GetFieldValue(int index, COleVariant& value);
 

@@ -27,11 +27,11 @@ enum class Type {
 struct Column {
     std::string name;  // UTF-8, in the spelling of the definition
     Type type = Type::Long;
-    int size = 0;          // characters of Text, bytes of Binary, else 0
-    bool counter = false;  // AutoNumber
-    int precision = 0;     // Decimal only
-    int scale = 0;         // Decimal only
-    bool required = false; // NOT NULL
+    int size = 0;           // characters of Text, bytes of Binary, else 0
+    bool counter = false;   // AutoNumber
+    int precision = 0;      // Decimal only
+    int scale = 0;          // Decimal only
+    bool required = false;  // NOT NULL
 };
 
 struct IndexColumn {

@@ -76,15 +76,15 @@ std::string SelectText::Ranked(bool keys) const {
            Source() + ")) WHERE place <= " + std::to_string(*top);
 }
 
-// Sorts row numbers and reads the rows by them: no second copy of a wide table. (The bound keeps SQLite from leaving
-// out the inner order.)
+// Sorts row numbers and reads the rows by them: no second copy of a wide table. (The bound keeps SQLite from
+// leaving out the inner order.)
 std::string SelectText::SortedByRow() const {
     SelectText rows = *this;
     rows.items.assign(1, SelectItem());
     rows.items[0].sql = rowid + " AS r";
     SelectText whole = *this;
-    whole.tail = " FROM (" + rows.Plain() + OrderClause(order) + " LIMIT -1) AS q CROSS JOIN " + rowSource + " ON " +
-                 rowid + " = q.r";
+    whole.tail = " FROM (" + rows.Plain() + OrderClause(order) + " LIMIT -1) AS q CROSS JOIN " + rowSource +
+                 " ON " + rowid + " = q.r";
     return whole.Plain();
 }
 

@@ -119,9 +119,10 @@ std::string UpdatePrinter::LastMatches() const {
            " = q.n";
 }
 
-// The pairs of target row and joined row, with FROM's and WHERE's conditions. An inner join reads the joined table
-// once, as it is stored, and finds the target rows by their keys, for which SQLite makes an index of its own: left
-// to itself it may read the joined table for every target row, by an index on some column of a filter.
+// The pairs of target row and joined row, with FROM's and WHERE's conditions. An inner join reads the joined
+// table once, as it is stored, and finds the target rows by their keys, for which SQLite makes an index of
+// its own: left to itself it may read the joined table for every target row, by an index on some column of a
+// filter.
 std::string UpdatePrinter::MatchedRows(const BoundSource& joined) const {
     if (update_.from.size() != 1 || update_.from[0]->join != JoinKind::Inner) return from_.sql + where_;
     const std::string where =

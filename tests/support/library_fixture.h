@@ -29,7 +29,8 @@ class Guarded {
 
     bool GuardsIntact() const {
         const auto intact = [](const auto& guard) {
-            return std::all_of(guard.begin(), guard.end(), [](unsigned char value) { return value == kGuard; });
+            return std::all_of(guard.begin(), guard.end(),
+                               [](unsigned char value) { return value == kGuard; });
         };
         return intact(before_) && intact(after_);
     }
