@@ -65,11 +65,6 @@ damaged_file() {
     expect_refusal "damaged shipped file" "$work/damaged" Work.mdb
 }
 
-missing_folder() {
-    stage_windows "$work/nowhere"
-    expect_refusal "missing folder" "$work/nowhere" 'no such folder\Work.mdb'
-}
-
 file_in_use() {
     stage_windows "$work/held"
     cp data/sample/IdeInfoJ.mdb "$work/held/Work.mdb"
@@ -100,6 +95,5 @@ compare 0 en_US.UTF-8 CP1252 english Work.mdb
 compare 1 ja_JP.UTF-8 CP932 'ソフト 表示 能力' '予定 表.mdb'
 missing_file
 damaged_file
-missing_folder
 file_in_use
 read_only_folder
