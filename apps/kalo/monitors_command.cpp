@@ -15,6 +15,7 @@ namespace {
 
 constexpr std::uint16_t kFirstCategory = 1;
 constexpr std::uint16_t kLastCategory = 4;
+constexpr std::size_t kFirstRoom = 1023;
 
 struct Options {
     CommonOptions common;
@@ -78,16 +79,21 @@ std::vector<KaloMonitor> ReadCategory(std::uint16_t category) {
     return monitors;
 }
 
+// No getter counts the monitors of all categories, those that no list shows too: the array grows until it is
+// not filled.
 std::vector<KaloMonitor> ReadAll() {
-    std::size_t total = 0;
-    for (std::uint16_t category = kFirstCategory; category <= kLastCategory; ++category) {
-        std::uint16_t count = 0;
-        Check("KaloGetMonitorNumber", KaloGetMonitorNumber(kAxis, category, &count));
-        total += count;
+    std::vector<KaloMonitor> monitors;
+    const auto unused = [](const KaloMonitor& monitor) {
+        return monitor.monitor_id == 0 && monitor.category_name_id == 0 && monitor.monitor_name[0] == '\0';
+    };
+    for (std::size_t room = kFirstRoom; room <= UINT16_MAX; room = 2 * room + 1) {
+        monitors.assign(room, {});
+        Check("KaloGetAllMonitorInfo",
+              KaloGetAllMonitorInfo(kAxis, static_cast<std::uint16_t>(room), monitors.data()));
+        if (unused(monitors.back())) break;
     }
-    std::vector<KaloMonitor> monitors(total);
-    Check("KaloGetAllMonitorInfo",
-          KaloGetAllMonitorInfo(kAxis, static_cast<std::uint16_t>(total), monitors.data()));
+    while (!monitors.empty() && unused(monitors.back()))
+        monitors.pop_back();
     return monitors;
 }
 
