@@ -90,9 +90,10 @@ class DatabaseFile::Impl {
         mark_ = std::move(mark);
     }
 
-    // An exclusive opening converts at once, because only the engine's own format can keep others out.
+    // An exclusive opening converts at once, because only the engine's own format can keep others out; by
+    // then the reader must be gone, because Windows replaces no file that is open.
     void CheckJetFile() {
-        const jetfile::Reader reader(fileio::NarrowPath(path_), password_);
+        static_cast<void>(jetfile::Reader(fileio::NarrowPath(path_), password_));
         if (access_ == Access::Exclusive) Convert();
     }
 

@@ -4,6 +4,7 @@
 #include <ctime>
 
 #include "dao/seam.h"
+#include "mfc/narrow.h"
 #include "support/dao_fixture.h"
 
 namespace {
@@ -191,7 +192,7 @@ TEST_F(DaoStatementsTest, LookupsGiveTheRowsOfAPlainReading) {
                                    "-1,\"äPFEL  \",6,4", "3,\"\",5,5",          "NULL,NULL,4,6",
                                    "0,\"äpfel\",3,7",    "1.5,\"a\",2,8"};
     for (const char* values : kValues)
-        Run("INSERT INTO [t] ([n],[s],[rowid],[order]) VALUES (" + std::string(values) + ")");
+        Run(NarrowFromUtf8("INSERT INTO [t] ([n],[s],[rowid],[order]) VALUES (" + std::string(values) + ")"));
     struct Case {
         const char* where;
         Texts orders;
@@ -211,7 +212,8 @@ TEST_F(DaoStatementsTest, LookupsGiveTheRowsOfAPlainReading) {
     };
     for (const Case& each : cases)
         for (int reading = 0; reading < 4; ++reading)
-            EXPECT_EQ(Rows("SELECT [order] FROM [t] WHERE " + std::string(each.where)), each.orders)
+            EXPECT_EQ(Rows(NarrowFromUtf8("SELECT [order] FROM [t] WHERE " + std::string(each.where))),
+                      each.orders)
                 << each.where << ", reading " << reading;
 }
 
