@@ -9,6 +9,7 @@
 #include "session/database.h"
 #include "session/session_state.h"
 #include "support/host_directory.h"
+#include "support/temporary_directory.h"
 #include "system/sidecar_files.h"
 
 extern "C" BOOL APIENTRY DllMain(HINSTANCE instance, DWORD reason, LPVOID reserved);
@@ -88,7 +89,7 @@ void ExpectNoError(const std::string& statement, Body&& body) {
 
 void CopyDatabase(const fs::path& from, const fs::path& to) {
     fileio::RemoveSidecarFiles(to);
-    fs::copy_file(from, to, fs::copy_options::overwrite_existing);
+    ReplaceFile(from, to);
 }
 
 }  // namespace
@@ -126,8 +127,7 @@ void LibraryTest::UseDatabase(const std::vector<std::string>& statements) {
 }
 
 void LibraryTest::ShipSample(const std::string& sample) {
-    fs::copy_file(fs::path(KALO_SAMPLE_DIR) / sample, ShippedFile(sample),
-                  fs::copy_options::overwrite_existing);
+    ReplaceFile(fs::path(KALO_SAMPLE_DIR) / sample, ShippedFile(sample));
 }
 
 void LibraryTest::OpenSession(std::uint16_t country, const std::string& sample) {

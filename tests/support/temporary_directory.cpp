@@ -45,10 +45,16 @@ void support::WriteFile(const fs::path& path, const std::string& contents) {
     if (!file.flush()) throw std::runtime_error("cannot write " + path.string());
 }
 
+// On Windows copy_file takes any two files for the same one, and overwrites none.
+void support::ReplaceFile(const fs::path& from, const fs::path& to) {
+    fs::remove(to);
+    fs::copy_file(from, to);
+}
+
 std::string support::CopySample(const TemporaryDirectory& directory, const std::string& sample,
                                 const std::string& name) {
     const fs::path target = directory.Path() / name;
-    fs::copy_file(fs::path(KALO_SAMPLE_DIR) / sample, target, fs::copy_options::overwrite_existing);
+    ReplaceFile(fs::path(KALO_SAMPLE_DIR) / sample, target);
     fs::permissions(target, fs::perms::owner_write, fs::perm_options::add);
     return target.string();
 }

@@ -25,6 +25,9 @@ class TemporaryDirectory {
 std::string ReadFile(const std::filesystem::path& path);
 void WriteFile(const std::filesystem::path& path, const std::string& contents);
 
+// Copies a file over another, which may be missing.
+void ReplaceFile(const std::filesystem::path& from, const std::filesystem::path& to);
+
 // A copy of a sample database (IdeInfo.mdb, IdeInfoJ.mdb) under a name in `directory`; returns its path.
 std::string CopySample(const TemporaryDirectory& directory, const std::string& sample,
                        const std::string& name);
