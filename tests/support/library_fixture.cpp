@@ -89,7 +89,7 @@ void ExpectNoError(const std::string& statement, Body&& body) {
 
 void CopyDatabase(const fs::path& from, const fs::path& to) {
     fileio::RemoveSidecarFiles(to);
-    ReplaceFile(from, to);
+    CopyOver(from, to);
 }
 
 }  // namespace
@@ -127,7 +127,7 @@ void LibraryTest::UseDatabase(const std::vector<std::string>& statements) {
 }
 
 void LibraryTest::ShipSample(const std::string& sample) {
-    ReplaceFile(fs::path(KALO_SAMPLE_DIR) / sample, ShippedFile(sample));
+    CopyOver(fs::path(KALO_SAMPLE_DIR) / sample, ShippedFile(sample));
 }
 
 void LibraryTest::OpenSession(std::uint16_t country, const std::string& sample) {

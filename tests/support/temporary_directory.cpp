@@ -46,7 +46,7 @@ void support::WriteFile(const fs::path& path, const std::string& contents) {
 }
 
 // On Windows copy_file takes any two files for the same one, and overwrites none.
-void support::ReplaceFile(const fs::path& from, const fs::path& to) {
+void support::CopyOver(const fs::path& from, const fs::path& to) {
     fs::remove(to);
     fs::copy_file(from, to);
 }
@@ -54,7 +54,7 @@ void support::ReplaceFile(const fs::path& from, const fs::path& to) {
 std::string support::CopySample(const TemporaryDirectory& directory, const std::string& sample,
                                 const std::string& name) {
     const fs::path target = directory.Path() / name;
-    ReplaceFile(fs::path(KALO_SAMPLE_DIR) / sample, target);
+    CopyOver(fs::path(KALO_SAMPLE_DIR) / sample, target);
     fs::permissions(target, fs::perms::owner_write, fs::perm_options::add);
     return target.string();
 }

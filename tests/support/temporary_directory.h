@@ -26,7 +26,7 @@ std::string ReadFile(const std::filesystem::path& path);
 void WriteFile(const std::filesystem::path& path, const std::string& contents);
 
 // Copies a file over another, which may be missing.
-void ReplaceFile(const std::filesystem::path& from, const std::filesystem::path& to);
+void CopyOver(const std::filesystem::path& from, const std::filesystem::path& to);
 
 // A copy of a sample database (IdeInfo.mdb, IdeInfoJ.mdb) under a name in `directory`; returns its path.
 std::string CopySample(const TemporaryDirectory& directory, const std::string& sample,
