@@ -92,8 +92,8 @@ Engine::Engine(sqlite3* handle, Ownership ownership) : handle_(handle), ownershi
     sqlite3_extended_result_codes(handle_, 0);
     meter_.Attach(handle_);
     Run("PRAGMA temp_store = MEMORY");
-    const std::int64_t pages = limits::kFileBytes / Number("PRAGMA main.page_size");
-    Number("PRAGMA main.max_page_count = " + std::to_string(pages));
+    const std::int64_t pageSize = Number("PRAGMA main.page_size");
+    if (pageSize > 0) Number("PRAGMA main.max_page_count = " + std::to_string(limits::kFileBytes / pageSize));
     Number("PRAGMA main.schema_version");
     watch_.Attach(handle_);
 }

@@ -49,7 +49,7 @@ struct SelectText {
 
   private:
     std::string Source() const;
-    std::string Ranked(bool ordered) const;
+    std::string Ranked(bool keys) const;
     std::string SortedByRow() const;
 };
 

@@ -111,13 +111,13 @@ Status ApplyPowerRating(const CString& scratch, const BuildIdentity& identity) {
 
 // Replaces the ids of names by the category's own id.
 Status ReplaceNameIds(const CString& scratch) {
-    constexpr const char* kStatements[] = {
-        "ALTER TABLE [%s] ADD COLUMN [category_id] LONG",
+    constexpr const char* kSetCategoryId =
         "UPDATE [%s] INNER JOIN [paracategory] ON [%s].[category_name_id] = "
         "[paracategory].[category_name_id] SET "
-        "[%s].[category_id] = [paracategory].[category_id]",
-        "ALTER TABLE [%s] DROP COLUMN [category_name_id]",
-        "ALTER TABLE [%s] DROP COLUMN [parameter_name_id]",
+        "[%s].[category_id] = [paracategory].[category_id]";
+    constexpr const char* kStatements[] = {
+        "ALTER TABLE [%s] ADD COLUMN [category_id] LONG",  kSetCategoryId,
+        "ALTER TABLE [%s] DROP COLUMN [category_name_id]", "ALTER TABLE [%s] DROP COLUMN [parameter_name_id]",
         "ALTER TABLE [%s] DROP COLUMN [unit_str_id]",
     };
     for (const char* statement : kStatements) {
