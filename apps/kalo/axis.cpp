@@ -4,6 +4,7 @@
 #include <kalodata/axis.h>
 #include <kalodata/monitors.h>
 #include <kalodata/parameters.h>
+#include <kalodata/traces.h>
 
 namespace cli {
 
@@ -21,6 +22,15 @@ void BuildMonitors(const Combination& c, std::uint16_t language) {
 void BuildAlarms(const Combination& c, std::uint16_t language) {
     Check("KaloAlarmCreate", KaloAlarmCreate(language, c.model, c.firmware, c.customSpec, c.power, c.option,
                                              c.optionFirmware, c.optionCustomSpec, kAxis));
+}
+
+void BuildTraces(const Combination& c, std::uint16_t language, const TraceRange& range) {
+    Check("KaloAnalogtraceCreate",
+          KaloAnalogtraceCreate(language, c.model, c.firmware, c.customSpec, c.option, c.optionFirmware,
+                                c.optionCustomSpec, kAxis, range.specVersion, 0));
+    Check("KaloIotraceCreate",
+          KaloIotraceCreate(c.model, c.firmware, c.customSpec, c.option, c.optionFirmware, c.optionCustomSpec,
+                            kAxis, range.specVersion, range.controlType));
 }
 
 void Identify(const Combination& c, const Motor& motor) {

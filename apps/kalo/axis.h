@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <type_traits>
+#include <limits>
 #include <vector>
 
 #include "options.h"
@@ -23,6 +23,14 @@ struct Motor {
 void BuildParameters(const Combination& combination, std::uint16_t language);
 void BuildMonitors(const Combination& combination, std::uint16_t language);
 void BuildAlarms(const Combination& combination, std::uint16_t language);
+
+// Which rows of the trace tables an axis gets.
+struct TraceRange {
+    std::int16_t specVersion = std::numeric_limits<std::int16_t>::max();  // the newest one not above it
+    std::int16_t controlType = 0;  // of the digital signals; 0: only those of every control type
+};
+
+void BuildTraces(const Combination& combination, std::uint16_t language, const TraceRange& range = {});
 
 // Writes the identity of the axis, for which something has to be built already.
 void Identify(const Combination& combination, const Motor& motor = {});

@@ -7,6 +7,7 @@ namespace cli {
 
 void AddInfoCommand(CLI::App& app);
 void AddParamsCommand(CLI::App& app);
+void AddAxisCommand(CLI::App& app);
 void AddSqlCommand(CLI::App& app);
 void AddMonitorsCommand(CLI::App& app);
 void AddAlarmsCommand(CLI::App& app);

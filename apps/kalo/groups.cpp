@@ -42,21 +42,21 @@ std::vector<std::int32_t> AddedMembers(std::int32_t group) {
 
 }  // namespace
 
-Parameters MembersOf(const std::string& wanted, const Parameters& parameters) {
-    const KaloGroup group = FindGroup(wanted);
+Parameters MembersOf(const std::string& group, const Parameters& parameters) {
+    const KaloGroup found = FindGroup(group);
     Parameters members;
-    if (group.category_id <= kLastCategory) {
+    if (found.category_id <= kLastCategory) {
         std::ranges::copy_if(parameters, std::back_inserter(members),
-                             [&group](const KaloUserParameter& parameter) {
-                                 return parameter.category_id == group.category_id;
+                             [&found](const KaloUserParameter& parameter) {
+                                 return parameter.category_id == found.category_id;
                              });
         return members;
     }
     // In the group's own order; the axis may lack a member.
-    for (const std::int32_t id : AddedMembers(group.category_id)) {
-        const auto found = std::ranges::find_if(
+    for (const std::int32_t id : AddedMembers(found.category_id)) {
+        const auto member = std::ranges::find_if(
             parameters, [id](const KaloUserParameter& parameter) { return parameter.parameter_id == id; });
-        if (found != parameters.end()) members.push_back(*found);
+        if (member != parameters.end()) members.push_back(*member);
     }
     return members;
 }

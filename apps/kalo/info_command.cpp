@@ -1,41 +1,44 @@
 #include <fmt/format.h>
 #include <kalodata/catalogue.h>
-#include <kalodata/parameters.h>
 #include <kalodata/session.h>
 
 #include <memory>
 
 #include "commands.h"
 #include "dao_rows.h"
+#include "facts.h"
 #include "models.h"
 #include "options.h"
 #include "progress.h"
 #include "session.h"
+#include "status_words.h"
 #include "system.h"
 #include "text.h"
 
 namespace cli {
 namespace {
 
-// An answer of many small lists, as rows of a subject, an item and its value.
-class Facts {
-  public:
-    void Add(const char* subject, Cell item, Cell value) {
-        table_.rows.push_back({subject, std::move(item), std::move(value)});
-    }
-    const Table& Rows() const { return table_; }
+// Answers of KaloGetMdbName for a file that does not say what it was copied from.
+constexpr KaloStatus kNoDescription = 0x2BFF0125;
+constexpr KaloStatus kNoName = 0x2BFF0126;
 
-  private:
-    Table table_{{{"subject"}, {"item"}, {"value"}}, {}};
+struct ModelCount {
+    std::uint16_t kind;
+    std::uint16_t subKind;
+    const char* words;
+};
+
+constexpr ModelCount kModelCounts[] = {
+    {1, 0, "amplifier types known off-line"}, {1, 1, "models without a type known off-line"},
+    {2, 0, "types of rotary amplifiers"},     {2, 1, "types of linear amplifiers"},
+    {3, 0, "option units known off-line"},    {3, 1, "option units"},
 };
 
 void AddFileFacts(CDaoDatabase& database, Facts& facts) {
-    const Table file =
-        Select(database, "SELECT [mdbname], [mdb_version], [mdb_status] FROM [mdbname] WHERE [id] = 1");
+    const Table file = Select(database, "SELECT [mdb_version], [mdb_status] FROM [mdbname] WHERE [id] = 1");
     if (file.rows.empty()) return;
-    facts.Add("file", "name", file.rows[0][0]);
-    facts.Add("file", "version", file.rows[0][1]);
-    facts.Add("file", "status", file.rows[0][2]);
+    facts.Add("file", "version", file.rows[0][0]);
+    facts.Add("file", "status", file.rows[0][1]);
 }
 
 std::vector<std::string> TableNames(CDaoDatabase& database) {
@@ -95,19 +98,43 @@ void AddDatabaseFacts(CDaoDatabase& database, Facts& facts) {
     AddTableFacts(database, facts);
 }
 
-void Show(const CommonOptions& options) {
+Facts ReadDatabaseFacts(const CommonOptions& options) {
     Facts facts;
-    {
-        const WorkingCopy copy(options.file);
-        const Progress progress("converting " + options.file);
-        OpenDatabase database(SystemFromPath(copy.Path()), "mivmiv");
-        AddDatabaseFacts(*database, facts);
+    const WorkingCopy copy(options.file);
+    const Progress progress("converting " + options.file);
+    OpenDatabase database(SystemFromPath(copy.Path()), "mivmiv");
+    AddDatabaseFacts(*database, facts);
+    return facts;
+}
+
+void AddShippedName(Facts& facts) {
+    char name[KALO_MDB_NAME_SIZE] = {};
+    const KaloStatus status = KaloGetMdbName(name);
+    if (status == kNoDescription || status == kNoName) return;
+    Check("KaloGetMdbName", status);
+    facts.Add("file", "name", FieldText(name));
+}
+
+void AddModelFacts(Facts& facts) {
+    for (const ModelCount& wanted : kModelCounts) {
+        std::uint16_t count = 0;
+        Check("KaloGetModelNumber", KaloGetModelNumber(wanted.kind, wanted.subKind, &count));
+        facts.Add("number of", wanted.words, count);
     }
-    const Session session(options);
     for (const Model& model : ReadModels()) {
         const std::string unit = model.optionName.empty() ? "" : " with " + model.optionName;
         facts.Add("model", DeviceOf(model.id, model.option), model.name + unit);
     }
+}
+
+void Show(const CommonOptions& options) {
+    // A file that is no database fails here, with the engine's words.
+    const Facts database = ReadDatabaseFacts(options);
+    const Session session(options);
+    Facts facts;
+    AddShippedName(facts);
+    facts.Append(database);
+    AddModelFacts(facts);
     Print(facts.Rows(), options.format);
 }
 

@@ -137,17 +137,18 @@ std::vector<std::int32_t> AllocatingParameterIds(Direction direction) {
     return ids;
 }
 
-Table AllocationTable(const std::vector<Direction>& directions, std::optional<std::int32_t> wanted,
+Table AllocationTable(const std::vector<Direction>& directions, std::optional<std::int32_t> address,
                       std::uint16_t selectWord) {
     Table table = DigitTable();
-    for (const auto& [direction, address] : PlacesOf(directions, wanted)) {
+    for (const Place& place : PlacesOf(directions, address)) {
         std::vector<Word> words;
+        words.reserve(kValues);
         for (std::int32_t value = 0; value < kValues; ++value)
-            words.push_back(Decode(direction, address, value * kAllDigits, selectWord));
+            words.push_back(Decode(place.direction, place.address, value * kAllDigits, selectWord));
         for (std::size_t digit = 0; digit < kDigits; ++digit)
             for (std::size_t value = 0; value < words.size(); ++value)
                 if (Allocates(words[value].signals[digit]))
-                    AddDigit(table, direction, address, static_cast<int>(digit),
+                    AddDigit(table, place.direction, place.address, static_cast<int>(digit),
                              static_cast<std::int32_t>(value), words[value].signals[digit]);
     }
     return table;

@@ -23,6 +23,7 @@ void AddCommands(CLI::App& app) {
     cli::AddMotorsCommand(app);
     cli::AddEncodersCommand(app);
     cli::AddHelpCommand(app);
+    cli::AddAxisCommand(app);
     cli::AddSqlCommand(app);
     cli::AddStatusCommand(app);
 }

@@ -13,8 +13,10 @@
 namespace cli {
 namespace {
 
-constexpr std::uint16_t kFirstCategory = 1;
-constexpr std::uint16_t kLastCategory = 4;
+// No getter names the categories: without --category, the lists of those up to this one are looked at.
+constexpr std::uint16_t kLastCategory = 255;
+// Answer of KaloGetAllMonitorInfo for an axis without monitors.
+constexpr KaloStatus kNoMonitor = 0x2A00002B;
 constexpr std::size_t kFirstRoom = 1023;
 
 struct Options {
@@ -23,6 +25,7 @@ struct Options {
     std::optional<std::uint16_t> category;
     std::optional<std::int32_t> id;
     std::optional<std::int32_t> group;
+    std::optional<std::uint16_t> controlMask;
     bool meaning = false;
     CLI::Option* model = nullptr;
 };
@@ -88,8 +91,10 @@ std::vector<KaloMonitor> ReadAll() {
     };
     for (std::size_t room = kFirstRoom; room <= UINT16_MAX; room = 2 * room + 1) {
         monitors.assign(room, {});
-        Check("KaloGetAllMonitorInfo",
-              KaloGetAllMonitorInfo(kAxis, static_cast<std::uint16_t>(room), monitors.data()));
+        const KaloStatus status =
+            KaloGetAllMonitorInfo(kAxis, static_cast<std::uint16_t>(room), monitors.data());
+        if (status == kNoMonitor) return {};
+        Check("KaloGetAllMonitorInfo", status);
         if (unused(monitors.back())) break;
     }
     while (!monitors.empty() && unused(monitors.back()))
@@ -97,18 +102,22 @@ std::vector<KaloMonitor> ReadAll() {
     return monitors;
 }
 
+std::vector<KaloMonitorListElement> ReadListed(std::uint16_t category) {
+    return ReadList<KaloMonitorListElement, std::uint32_t>(
+        "KaloGetMonitorListNumWithCategory",
+        [category](std::uint32_t* count) { return KaloGetMonitorListNumWithCategory(category, count); },
+        "KaloGetMonitorListWithCategory",
+        [category](std::uint32_t, KaloMonitorListElement* elements) {
+            return KaloGetMonitorListWithCategory(category, elements);
+        });
+}
+
 // What the database lists without any drive.
 Table ListedMonitors(std::optional<std::uint16_t> wanted) {
+    if (wanted) return TableOf(kListFields, ReadListed(*wanted));
     std::vector<KaloMonitorListElement> all;
-    for (std::uint16_t category = wanted.value_or(kFirstCategory); category <= wanted.value_or(kLastCategory);
-         ++category) {
-        const auto listed = ReadList<KaloMonitorListElement, std::uint32_t>(
-            "KaloGetMonitorListNumWithCategory",
-            [category](std::uint32_t* count) { return KaloGetMonitorListNumWithCategory(category, count); },
-            "KaloGetMonitorListWithCategory",
-            [category](std::uint32_t, KaloMonitorListElement* elements) {
-                return KaloGetMonitorListWithCategory(category, elements);
-            });
+    for (std::uint16_t category = 0; category <= kLastCategory; ++category) {
+        const auto listed = ReadListed(category);
         all.insert(all.end(), listed.begin(), listed.end());
     }
     return TableOf(kListFields, all);
@@ -139,6 +148,7 @@ Table FunctionGroup(std::int32_t group) {
 Table Answer(const Options& options) {
     if (options.model->count() == 0) return ListedMonitors(options.category);
     BuildMonitors(options.combination, options.common.language);
+    if (options.controlMask) Check("KaloMonUpdate", KaloMonUpdate(kAxis, *options.controlMask));
     if (options.id) return TableOf(kFields, std::vector<KaloMonitor>{ReadMonitor(*options.id)});
     if (options.category) return TableOf(kFields, ReadCategory(*options.category));
     if (!options.meaning && !options.group) return TableOf(kFields, ReadAll());
@@ -161,12 +171,14 @@ void AddMonitorsCommand(CLI::App& app) {
     auto options = std::make_shared<Options>();
     AddCommon(*command, options->common);
     options->model = AddCombination(*command, options->combination);
-    AddNumber(*command, "--category", options->category, "Only one category, 1 to 4");
+    AddNumber(*command, "--category", options->category, "Only one category; with --model 1 to 4");
     const auto needsModel = [&](CLI::Option* option) { option->needs(options->model); };
     needsModel(AddNumber(*command, "--id", options->id, "Only one monitor"));
     needsModel(
         command->add_flag("--meaning", options->meaning, "Functions of the drive that monitors tell about"));
     needsModel(AddNumber(*command, "--group", options->group, "Ids of the functions in a group"));
+    needsModel(AddNumber(*command, "--control-mask", options->controlMask,
+                         "Only monitors of control modes that have a bit in the mask"));
     command->final_callback([options] { Show(*options); });
 }
 

@@ -17,11 +17,14 @@ constexpr std::uint16_t kEveryControlType = 65535;
 // First and second kind of the lists of parts: magnets and coils, torques and outer sizes.
 constexpr std::uint16_t kFirstKind = 1;
 constexpr std::uint16_t kSecondKind = 2;
+// Answer of KaloGetMotorVoltage for a voltage without a sign.
+constexpr KaloStatus kNoSuchVoltage = 0x2A00003D;
 
 struct Options {
     CommonOptions common;
     std::uint16_t controlType = kEveryControlType;
     std::optional<std::uint32_t> motor;
+    std::optional<std::uint32_t> power;
     bool scale = false;
 };
 
@@ -52,6 +55,14 @@ class Parts {
             Add("power", power.power_id, FieldText(power.power_name), {});
             AddVoltages(kFirstKind, power.power_id, FieldText(power.power_name));
         }
+    }
+
+    // One of the motor's powers, with its voltages. A motor without it is refused.
+    void AddPower(std::uint32_t power) {
+        char name[KALO_NAME_SIZE] = {};
+        Check("KaloGetMotorPower", KaloGetMotorPower(motor_, power, name));
+        Add("power", power, FieldText(name), {});
+        AddVoltages(kFirstKind, power, FieldText(name));
     }
 
     void AddLinear() {
@@ -85,8 +96,9 @@ class Parts {
     const Table& Rows() const { return table_; }
 
   private:
-    void Add(const char* what, std::uint32_t id, const std::string& name, const std::string& of) {
-        table_.rows.push_back({what, id, name, of});
+    void Add(const char* what, std::uint32_t id, const std::string& name, const std::string& of,
+             Cell sign = {}) {
+        table_.rows.push_back({what, id, name, of, std::move(sign)});
     }
 
     // Lists that depend on the motor alone.
@@ -119,7 +131,17 @@ class Parts {
                  [=, this](std::uint16_t count, KaloMotorVoltage*voltages) {
                      return KaloGetMotorPowerVoltageInfo(motor_, kind, id, count, voltages);
                  })))
-            Add("voltage", voltage.voltage, FieldText(voltage.voltage_string), of);
+            Add("voltage", voltage.voltage, FieldText(voltage.voltage_string), of,
+                VoltageSign(voltage.voltage));
+    }
+
+    // No sign where the database has none for the voltage.
+    static Cell VoltageSign(std::uint32_t voltage) {
+        char sign[KALO_NAME_SIZE] = {};
+        const KaloStatus status = KaloGetMotorVoltage(voltage, sign);
+        if (status == kNoSuchVoltage) return {};
+        Check("KaloGetMotorVoltage", status);
+        return FieldText(sign);
     }
 
     std::vector<KaloMotorPart> Linear(std::uint16_t kind, std::uint32_t magnet) {
@@ -145,16 +167,20 @@ class Parts {
     }
 
     std::uint32_t motor_;
-    Table table_{{{"part"}, {"id"}, {"name"}, {"of"}}, {}};
+    Table table_{{{"part"}, {"id"}, {"name"}, {"of"}, {"sign"}}, {}};
 };
 
-Table PartTable(std::uint32_t motor) {
+Table PartTable(std::uint32_t motor, std::optional<std::uint32_t> power) {
     // An unknown motor is refused, not shown without parts.
     char name[KALO_NAME_SIZE] = {};
     std::uint16_t createType = 0;
     Check("KaloGetMotorName", KaloGetMotorName(motor, name, &createType));
     Check("KaloMotorSpecStringCreate", KaloMotorSpecStringCreate(kAxis));
     Parts parts(motor);
+    if (power) {
+        parts.AddPower(*power);
+        return parts.Rows();
+    }
     parts.AddPowers();
     parts.AddLinear();
     parts.AddDirectDrive();
@@ -183,7 +209,8 @@ void Show(const Options& options) {
     if (options.scale)
         Print(ScaleTable(), format);
     else
-        Print(options.motor ? PartTable(*options.motor) : MotorTable(options.controlType), format);
+        Print(options.motor ? PartTable(*options.motor, options.power) : MotorTable(options.controlType),
+              format);
 }
 
 }  // namespace
@@ -194,8 +221,9 @@ void AddMotorsCommand(CLI::App& app) {
     AddCommon(*command, options->common);
     AddNumber(*command, "--control-type", options->controlType,
               "Only one control type: 0 rotary, 1 linear, 2 direct drive");
-    AddNumber(*command, "--motor", options->motor,
-              "Powers, voltages, parts, options and encoders of one motor");
+    CLI::Option* motor = AddNumber(*command, "--motor", options->motor,
+                                   "Powers, voltages, parts, options and encoders of one motor");
+    AddNumber(*command, "--power", options->power, "Only one of its powers, with its voltages")->needs(motor);
     command->add_flag("--scale", options->scale, "Where motor scales keep what in their memory");
     command->final_callback([options] { Show(*options); });
 }

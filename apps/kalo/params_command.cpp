@@ -1,83 +1,117 @@
-#include <fmt/format.h>
-#include <kalodata/digits.h>
 #include <kalodata/parameters.h>
 
 #include <memory>
+#include <optional>
 
 #include "axis.h"
 #include "commands.h"
 #include "digits_view.h"
-#include "failure.h"
 #include "groups.h"
+#include "parameter_answers.h"
+#include "parameter_rows.h"
 #include "session.h"
-#include "table.h"
-#include "text.h"
 
 namespace cli {
 namespace {
 
-using Parameter = KaloUserParameter;
-
 struct Options {
     CommonOptions common;
     Combination combination;
-    bool digits = false;
+    CLI::Option* model = nullptr;
+    // Which parameters.
+    std::optional<std::int32_t> id;
+    std::optional<std::int16_t> index;
     std::string group;
+    std::optional<std::uint16_t> controlMask;
+    // What is shown of them.
+    bool digits = false;
+    bool values = false;
+    // Other questions.
+    std::optional<std::int32_t> function;
+    std::optional<std::uint16_t> fixedId;
+    std::vector<std::string> firmware;
+    std::vector<std::string> optionFirmware;
 };
 
-constexpr Field<Parameter> kFields[] = {
-    {"number", Shown::Always, [](const Parameter& p) { return Cell(FieldText(p.user_constant)); }},
-    {"parameter_id", Shown::Hex, [](const Parameter& p) { return Cell(p.parameter_id); }},
-    {"name", Shown::Always, [](const Parameter& p) { return Cell(FieldText(p.parameter_name)); }},
-    {"category_id", Shown::Detail, [](const Parameter& p) { return Cell(p.category_id); }},
-    {"category", Shown::Always, [](const Parameter& p) { return Cell(FieldText(p.category_name)); }},
-    {"min", Shown::Always, [](const Parameter& p) { return Cell(p.min); }},
-    {"max", Shown::Always, [](const Parameter& p) { return Cell(p.max); }},
-    {"initial", Shown::Always, [](const Parameter& p) { return Cell(p.initial_value); }},
-    {"step", Shown::Always, [](const Parameter& p) { return Cell(p.unit_multiplier); }},
-    {"unit", Shown::Always, [](const Parameter& p) { return Cell(FieldText(p.unit)); }},
-    {"unit_name", Shown::Detail, [](const Parameter& p) { return Cell(FieldText(p.unit_name)); }},
-    {"size", Shown::Detail, [](const Parameter& p) { return Cell(p.size); }},
-    {"volatile_address", Shown::Detail, [](const Parameter& p) { return Cell(p.volatile_address); }},
-    {"nonvolatile_address", Shown::Detail, [](const Parameter& p) { return Cell(p.nonvolatile_address); }},
-    {"min_check", Shown::Detail, [](const Parameter& p) { return Cell(p.min_check); }},
-    {"max_check", Shown::Detail, [](const Parameter& p) { return Cell(p.max_check); }},
-    {"nibble_data_id", Shown::Detail, [](const Parameter& p) { return Cell(p.nibble_data_id); }},
-    {"dec_data_id", Shown::Detail, [](const Parameter& p) { return Cell(p.dec_data_id); }},
-    {"decdata_num", Shown::Detail, [](const Parameter& p) { return Cell(p.decdata_num); }},
-    {"edit_type", Shown::Detail, [](const Parameter& p) { return Cell(p.edit_type); }},
-    {"disp_type", Shown::Detail, [](const Parameter& p) { return Cell(p.disp_type); }},
-    {"user_level", Shown::Detail, [](const Parameter& p) { return Cell(p.user_level); }},
-    {"access_level", Shown::Detail, [](const Parameter& p) { return Cell(p.access_level); }},
-    {"sv_control_type", Shown::Detail, [](const Parameter& p) { return Cell(p.sv_control_type); }},
-    {"control_mode", Shown::Detail, [](const Parameter& p) { return Cell(p.control_mode); }},
-    {"effective_timing", Shown::Detail, [](const Parameter& p) { return Cell(p.effective_timing); }},
-    {"fixed_id", Shown::Detail, [](const Parameter& p) { return Cell(p.fixed_id); }},
-    {"help", Shown::Detail, [](const Parameter& p) { return Cell(FieldText(p.parameter_help)); }},
-};
+std::vector<KaloUserParameter> ChosenParameters(const Options& options) {
+    if (options.id) return {ReadParameter(*options.id)};
+    if (options.index) return {ReadParameterAt(*options.index)};
+    const std::vector<KaloUserParameter> all = ReadParameters();
+    if (options.group.empty()) return all;
+    // Additional groups are those of the axis's devices.
+    Identify(options.combination);
+    return MembersOf(options.group, all);
+}
 
-std::vector<Parameter> ReadParameters() {
-    return ReadList<Parameter, std::uint16_t>(
-        "KaloGetUParaNum", [](std::uint16_t* count) { return KaloGetUParaNum(kAxis, count); },
-        "KaloGetAllUParaInfo",
-        [](std::uint16_t count, Parameter* records) {
-            return KaloGetAllUParaInfo(kAxis, static_cast<std::int16_t>(count), records);
-        });
+void ReadVersions(const std::vector<std::string>& words, std::uint32_t (&versions)[2]) {
+    for (std::size_t i = 0; i < words.size(); ++i)
+        StoreNumber(versions[i], words[i]);
+}
+
+// Questions about the drive as a whole; false where its parameters are asked for.
+bool AnswerAboutDrive(const Options& options, Table& answer) {
+    const bool compares = !options.firmware.empty() || !options.optionFirmware.empty();
+    if (!compares && !options.function) return false;
+    VersionPairs versions;
+    ReadVersions(options.firmware, versions.firmware);
+    ReadVersions(options.optionFirmware, versions.optionFirmware);
+    BuildParameters(options.combination, options.common.language);
+    Identify(options.combination);
+    answer = compares ? VersionComparison(versions) : FunctionSwitch(*options.function);
+    return true;
+}
+
+void ShowParameters(const Options& options) {
+    const auto& [file, format, language] = options.common;
+    BuildParameters(options.combination, language);
+    if (options.controlMask) Check("KaloUparaUpdate", KaloUparaUpdate(kAxis, *options.controlMask));
+    const std::vector<KaloUserParameter> parameters = ChosenParameters(options);
+    if (options.digits)
+        PrintDigits(parameters, language, format);
+    else
+        Print(options.values ? DigitValueTable(parameters, language) : ParameterTable(parameters), format);
 }
 
 void Show(const Options& options) {
     const Session session(options.common);
-    BuildParameters(options.combination, options.common.language);
-    std::vector<Parameter> parameters = ReadParameters();
-    if (!options.group.empty()) {
-        // Additional groups are those of the axis's devices.
-        Identify(options.combination);
-        parameters = MembersOf(options.group, parameters);
-    }
-    if (options.digits)
-        PrintDigits(parameters, options.common.language, options.common.format);
-    else
-        Print(TableOf(kFields, parameters), options.common.format);
+    const Format format = options.common.format;
+    if (options.fixedId) return Print(FixedName(*options.fixedId, options.common.language), format);
+    if (options.model->count() == 0) throw CLI::RequiredError("--model");
+    Table answer;
+    if (AnswerAboutDrive(options, answer)) return Print(answer, format);
+    ShowParameters(options);
+}
+
+void AddChoices(CLI::App& command, Options& options) {
+    CLI::Option* id = AddNumber(command, "--id", options.id, "Only one parameter");
+    CLI::Option* index = AddNumber(command, "--index", options.index,
+                                   "Only the parameter at a place in the order of ids, from 0");
+    CLI::Option* group = command.add_option("--group", options.group,
+                                            "Only one category or additional group, by its name or id");
+    id->excludes(index)->excludes(group);
+    index->excludes(group);
+    AddNumber(command, "--control-mask", options.controlMask,
+              "Only parameters of control modes that have a bit in the mask");
+    CLI::Option* digits = command.add_flag("--digits", options.digits,
+                                           "Digits of parameters that have them, with values and meanings");
+    command.add_flag("--values", options.values, "Values of these digits, with the messages that they show")
+        ->excludes(digits);
+}
+
+void AddQuestions(CLI::App& command, Options& options) {
+    AddNumber(command, "--switch", options.function, "Digit that switches a function of the drive on");
+    AddNumber(command, "--fixed-name", options.fixedId,
+              "Name of the parameter with a fixed id; needs no model");
+    command
+        .add_option("--compare", options.firmware,
+                    "Whether parameters differ between two firmware versions of the amplifier")
+        ->expected(2)
+        ->type_name("N");
+    command
+        .add_option("--compare-option", options.optionFirmware,
+                    "Whether they differ between two firmware versions of the option unit")
+        ->expected(2)
+        ->type_name("N");
 }
 
 }  // namespace
@@ -87,11 +121,9 @@ void AddParamsCommand(CLI::App& app) {
         app.add_subcommand("params", "User parameters of an amplifier, as its versions have them");
     auto options = std::make_shared<Options>();
     AddCommon(*command, options->common);
-    AddCombination(*command, options->combination)->required();
-    command->add_flag("--digits", options->digits,
-                      "Digits of parameters that have them, with values and meanings");
-    command->add_option("--group", options->group,
-                        "Only one category or additional group, by its name or id");
+    options->model = AddCombination(*command, options->combination);
+    AddChoices(*command, *options);
+    AddQuestions(*command, *options);
     command->final_callback([options] { Show(*options); });
 }
 

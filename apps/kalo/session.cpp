@@ -12,6 +12,12 @@ namespace {
 constexpr std::uint16_t kStandardTables = 1;
 constexpr std::uint16_t kIndexerTables = 2;
 
+// The file has to be free, and is of no use any more, before its directory goes.
+void End() {
+    KaloClose();
+    KaloRemove();
+}
+
 }  // namespace
 
 Session::Session(const CommonOptions& options) : Session(options, false) {}
@@ -24,12 +30,12 @@ Session::Session(const CommonOptions& options, bool indexer) : copy_(options.fil
         const Progress progress("converting " + options.file);
         status = KaloOpen(options.language);
     }
-    if (status != 0) KaloClose();  // the file has to be free before its directory goes
+    if (status != 0) End();
     Check("KaloOpen", status);
 }
 
 Session::~Session() {
-    KaloClose();
+    End();
 }
 
 }  // namespace cli

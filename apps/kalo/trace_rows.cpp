@@ -1,10 +1,13 @@
 #include "trace_rows.h"
 
+#include <fmt/format.h>
 #include <kalodata/traces.h>
 
 #include <algorithm>
+#include <iterator>
 
 #include "axis.h"
+#include "failure.h"
 #include "text.h"
 
 namespace cli {
@@ -14,6 +17,8 @@ using Map = std::vector<KaloTraceMap>;
 
 constexpr std::uint16_t kListed = 1;
 constexpr std::uint16_t kNotListed = 0;
+// No id: what a getter by position leaves past the end.
+constexpr std::uint32_t kNoId = UINT32_MAX;
 
 constexpr Field<KaloAnalogTrace> kAnalogFields[] = {
     {"target_id", Shown::Always, [](const KaloAnalogTrace& t) { return Cell(t.target_name_id); }},
@@ -91,14 +96,23 @@ bool Supported(const KaloTraceMap& entry, const std::vector<std::uint16_t>& bitm
     return ((bitmap[entry.index] >> entry.bitindex) & 1) != 0;
 }
 
+std::uint32_t AnalogIdAt(std::uint32_t kind, std::uint16_t position, std::uint16_t listed) {
+    std::uint32_t id = kNoId;
+    Check("KaloGetAnalogtraceInfoId", KaloGetAnalogtraceInfoId(kAxis, kind, position, listed, &id));
+    return id;
+}
+
+void RefusePastEnd(std::uint32_t id, std::uint32_t kind, std::uint16_t position) {
+    if (id == kNoId) throw Failure(fmt::format("trace kind {} has nothing at position {}", kind, position));
+}
+
 // Supported targets that the drive's list does not show, in display order.
 std::vector<std::uint32_t> UnlistedIds(std::uint32_t kind, std::uint16_t most, const Map& map,
                                        const std::vector<std::uint16_t>& bitmap) {
     std::vector<std::uint32_t> ids;
     for (std::uint16_t position = 0; position < map.size() && ids.size() < most; ++position) {
-        std::uint32_t id = UINT32_MAX;
-        Check("KaloGetAnalogtraceInfoId", KaloGetAnalogtraceInfoId(kAxis, kind, position, kNotListed, &id));
-        if (id == UINT32_MAX) break;
+        const std::uint32_t id = AnalogIdAt(kind, position, kNotListed);
+        if (id == kNoId) break;
         const auto entry =
             std::ranges::find_if(map, [id](const KaloTraceMap& candidate) { return candidate.id == id; });
         if (entry != map.end() && Supported(*entry, bitmap)) ids.push_back(id);
@@ -130,9 +144,9 @@ Table NoTargetTable(const KaloNoAnalogTrace& analog, const KaloNoIoTrace& io) {
 Table AnalogTraces(const TraceQuestion& question) {
     const Map map = AnalogMap(question.kind);
     const auto bitmap = question.support.empty() ? FullBitmap(map) : question.support;
+    const std::vector<std::uint32_t> ids = AnalogIds(question.kind, map, bitmap);
     std::vector<KaloAnalogTrace> records;
-    for (const std::uint32_t id : AnalogIds(question.kind, map, bitmap))
-        records.push_back(ReadAnalog(id));
+    std::ranges::transform(ids, std::back_inserter(records), ReadAnalog);
     Table table = TableOf(kAnalogFields, records);
     AddMap(map, table);
     return table;
@@ -152,11 +166,23 @@ Table IoTraces(const TraceQuestion& question) {
             return KaloGetIotraceIDList(kAxis, question.kind, words, bitmap.data(), list);
         });
     std::vector<KaloIoTrace> records;
-    for (const std::uint32_t id : ids)
-        records.push_back(ReadIo(id));
+    std::ranges::transform(ids, std::back_inserter(records), ReadIo);
     Table table = TableOf(kIoFields, records);
     AddMap(map, table);
     return table;
+}
+
+Table AnalogTraceAt(std::uint32_t kind, std::uint16_t position) {
+    const std::uint32_t id = AnalogIdAt(kind, position, kListed);
+    RefusePastEnd(id, kind, position);
+    return TableOf(kAnalogFields, std::vector{ReadAnalog(id)});
+}
+
+Table IoTraceAt(std::uint32_t kind, std::uint16_t position) {
+    std::uint32_t id = kNoId;
+    Check("KaloGetIotraceInfoId", KaloGetIotraceInfoId(kAxis, kind, position, &id));
+    RefusePastEnd(id, kind, position);
+    return TableOf(kIoFields, std::vector{ReadIo(id)});
 }
 
 Table OfflineAnalogTrace(std::int32_t id) {

@@ -18,6 +18,11 @@ struct TraceQuestion {
 Table AnalogTraces(const TraceQuestion& question);
 Table IoTraces(const TraceQuestion& question);
 
+// What the axis offers at a position of a kind's display order, analog targets among those that are listed;
+// whatever the drive supports. Throws Failure past the end.
+Table AnalogTraceAt(std::uint32_t kind, std::uint16_t position);
+Table IoTraceAt(std::uint32_t kind, std::uint16_t position);
+
 // One target without an axis.
 Table OfflineAnalogTrace(std::int32_t id);
 Table OfflineIoTrace(std::uint32_t servo, std::int32_t id);

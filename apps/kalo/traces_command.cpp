@@ -24,8 +24,8 @@ struct Options {
     bool io = false;
     std::uint32_t kind = 1;
     std::vector<std::string> support;
-    std::int16_t specVersion = INT16_MAX;
-    std::int16_t controlType = 0;
+    TraceRange range;
+    std::optional<std::uint16_t> position;
     std::optional<std::uint32_t> convert;
     std::optional<std::uint32_t> fromModel;
     std::optional<std::int32_t> offline;
@@ -34,18 +34,9 @@ struct Options {
     CLI::Option* model = nullptr;
 };
 
-void Build(const Options& options) {
-    const Combination& c = options.combination;
-    Check("KaloAnalogtraceCreate",
-          KaloAnalogtraceCreate(options.common.language, c.model, c.firmware, c.customSpec, c.option,
-                                c.optionFirmware, c.optionCustomSpec, kAxis, options.specVersion, 0));
-    Check("KaloIotraceCreate",
-          KaloIotraceCreate(c.model, c.firmware, c.customSpec, c.option, c.optionFirmware, c.optionCustomSpec,
-                            kAxis, options.specVersion, options.controlType));
-}
-
 std::vector<std::uint16_t> Bitmap(const std::vector<std::string>& words) {
     std::vector<std::uint16_t> bitmap;
+    bitmap.reserve(words.size());
     for (const std::string& word : words)
         bitmap.push_back(static_cast<std::uint16_t>(NumberArgument(word, 0, UINT16_MAX)));
     return bitmap;
@@ -94,9 +85,12 @@ Table Answer(const Options& options) {
         if (options.none) return OfflineNoTarget();
         throw CLI::RequiredError("--model");
     }
-    Build(options);
+    BuildTraces(options.combination, options.common.language, options.range);
     if (options.none) return NoTarget();
     if (options.convert) return Converted(options);
+    if (options.position)
+        return options.io ? IoTraceAt(options.kind, *options.position)
+                          : AnalogTraceAt(options.kind, *options.position);
     const TraceQuestion question{options.kind, Bitmap(options.support)};
     return options.io ? IoTraces(question) : AnalogTraces(question);
 }
@@ -120,8 +114,10 @@ void AddTracesCommand(CLI::App& app) {
         ->add_option("--support", options->support,
                      "The drive's bitmap of 16-bit words (default: all supported)")
         ->type_name("WORD");
-    AddNumber(*command, "--spec-version", options->specVersion, "Newest version of the trace wanted");
-    AddNumber(*command, "--control-type", options->controlType, "Control type of the digital signals");
+    AddNumber(*command, "--position", options->position,
+              "Only what stands at a position of a kind's display order, from 0");
+    AddNumber(*command, "--spec-version", options->range.specVersion, "Newest version of the trace wanted");
+    AddNumber(*command, "--control-type", options->range.controlType, "Control type of the digital signals");
     AddNumber(*command, "--convert", options->convert,
               "The drive's own id for an id of the other generation");
     AddNumber(*command, "--from-model", options->fromModel,

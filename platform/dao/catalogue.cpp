@@ -14,7 +14,8 @@ namespace {
 
 // Tables of the engine's own have names that no statement reaches.
 bool IsHidden(std::string_view name) {
-    return name.starts_with('~') || jetsql::FoldedName(name).starts_with("sqlite_");
+    constexpr std::string_view kOwn = "sqlite_";
+    return name.starts_with('~') || jetsql::SameName(name.substr(0, kOwn.size()), kOwn);
 }
 
 std::string TextAt(Statement& statement, int column) {
@@ -43,18 +44,42 @@ void ReadIndexes(Engine& engine, jet::Table& table) {
     }
 }
 
+std::string StoredName(Engine& engine, const std::string& key) {
+    for (std::string& name : UserTableNames(engine))
+        if (jetsql::FoldedName(name) == key) return std::move(name);
+    return {};
+}
+
 }  // namespace
 
 const jet::Table* EngineCatalogue::FindTable(std::string_view name) {
     if (IsHidden(name)) return nullptr;
-    const std::string key = jetsql::FoldedName(name);
+    Entry* const entry = FindEntry(jetsql::FoldedName(name));
+    if (entry == nullptr) return nullptr;
+    if (!entry->definition) {
+        Engine& engine = session_.OwnEngine();
+        jet::Table table = ReadColumns(engine, entry->name);
+        ReadIndexes(engine, table);
+        entry->definition = std::make_unique<jet::Table>(std::move(table));
+    }
+    return entry->definition.get();
+}
+
+EngineCatalogue::Entry* EngineCatalogue::FindEntry(const std::string& key) {
+    if (!namesRead_) ReadNames();
     const auto found = tables_.find(key);
-    if (found != tables_.end()) return found->second.get();
-    Engine& engine = session_.OwnEngine();
-    std::optional<jet::Table> table = ReadTableDefinition(engine, name);
-    if (!table) return nullptr;
-    ReadIndexes(engine, *table);
-    return (tables_[key] = std::make_unique<jet::Table>(std::move(*table))).get();
+    if (found == tables_.end()) return nullptr;
+    Entry& entry = found->second;
+    if (entry.name.empty()) entry.name = StoredName(session_.OwnEngine(), key);
+    if (!entry.name.empty()) return &entry;
+    tables_.erase(found);
+    return nullptr;
+}
+
+void EngineCatalogue::ReadNames() {
+    for (std::string& name : UserTableNames(session_.OwnEngine()))
+        tables_.try_emplace(jetsql::FoldedName(name), Entry{std::move(name), nullptr});
+    namesRead_ = true;
 }
 
 const std::string* EngineCatalogue::FindQuery(std::string_view name) {
@@ -81,12 +106,21 @@ jetsql::Catalogue::ExternalTable EngineCatalogue::FindExternalTable(std::string_
     return externals_->Read(name, path, connect);
 }
 
+void EngineCatalogue::NoteTable(const std::string& name) {
+    if (namesRead_) tables_[jetsql::FoldedName(name)] = {name, nullptr};
+}
+
+void EngineCatalogue::NoteDropped(const std::string& name) {
+    tables_.erase(jetsql::FoldedName(name));
+}
+
 void EngineCatalogue::Forget(std::string_view table) {
-    tables_.erase(jetsql::FoldedName(table));
+    if (namesRead_) tables_[jetsql::FoldedName(table)] = {};
 }
 
 void EngineCatalogue::Clear() {
     tables_.clear();
+    namesRead_ = false;
     queries_.clear();
     queriesRead_ = false;
 }

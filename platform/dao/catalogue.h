@@ -13,7 +13,8 @@ namespace daoengine {
 
 class Session;
 
-// The tables and stored queries of a session's database, read when they are first named and kept.
+// The tables and stored queries of a session's database, read when they are first named and kept. Which
+// tables there are is read once; the session's own changes are noted.
 class EngineCatalogue final : public jetsql::Catalogue {
   public:
     explicit EngineCatalogue(Session& session) : session_(session) {}
@@ -23,7 +24,10 @@ class EngineCatalogue final : public jetsql::Catalogue {
     ExternalTable FindExternalTable(std::string_view name, std::string_view path,
                                     std::string_view connect) override;
 
-    // Forgets one table, or everything, after the design changed.
+    // Notes that a table was made, altered or dropped.
+    void NoteTable(const std::string& name);
+    void NoteDropped(const std::string& name);
+    // Forgets what is known of one table, or everything, when the design may have changed.
     void Forget(std::string_view table);
     void Clear();
 
@@ -47,10 +51,19 @@ class EngineCatalogue final : public jetsql::Catalogue {
         std::string problem;
     };
 
+    // A table, whose definition is read when it is first asked for.
+    struct Entry {
+        std::string name;  // as it is stored; empty when it has to be looked up anew
+        std::unique_ptr<jet::Table> definition;
+    };
+
+    Entry* FindEntry(const std::string& key);
+    void ReadNames();
     void ReadQueries();
 
     Session& session_;
-    std::unordered_map<std::string, std::unique_ptr<jet::Table>> tables_;
+    std::unordered_map<std::string, Entry> tables_;  // all that there are, by folded name
+    bool namesRead_ = false;
     std::unordered_map<std::string, Query> queries_;
     bool queriesRead_ = false;
     ExternalTables* externals_ = nullptr;

@@ -74,17 +74,31 @@ bool NeedsTableAlone(StatementKind kind) {
            kind == StatementKind::DropColumn;
 }
 
+// Tells the catalogue what came of a statement that took effect.
+void Note(EngineCatalogue& catalogue, const jetsql::Translation& translation) {
+    if (translation.kind == StatementKind::DropTable)
+        catalogue.NoteDropped(translation.target);
+    else
+        catalogue.NoteTable(translation.target);
+}
+
+std::int64_t ChangeTogether(Session& session, const Request& request) {
+    Engine& engine = session.OwnEngine();
+    const WriteScope scope(session, request.statement->translation.target, Work::Design);
+    Savepoint savepoint(engine);
+    const std::int64_t rows = Change(engine, request);
+    savepoint.Release();
+    return rows;
+}
+
 }  // namespace
 
 std::int64_t ExecuteDesignChange(Session& session, const Request& request) {
     const jetsql::Translation& translation = request.statement->translation;
     if (NeedsTableAlone(translation.kind)) RefuseWhileRead(session, translation.target);
     StoreAllReaders(session);
-    Engine& engine = session.OwnEngine();
-    const WriteScope scope(session, translation.target, Work::Design);
-    Savepoint savepoint(engine);
-    const std::int64_t rows = Change(engine, request);
-    savepoint.Release();
+    const std::int64_t rows = ChangeTogether(session, request);
+    Note(session.Catalogue(), translation);
     return rows;
 }
 

@@ -26,17 +26,19 @@ std::vector<std::string> UserTableNames(Engine& engine) {
     return names;
 }
 
+jet::Table ReadColumns(Engine& engine, const std::string& stored) {
+    jet::Table table;
+    table.name = stored;
+    Statement statement(engine, "PRAGMA main.table_info(" + jetsql::Quoted(stored) + ")", Work::Rows);
+    while (statement.Step())
+        table.columns.push_back(
+            jetsql::ColumnFromDeclaration(TextOfColumn(statement, 1), TextOfColumn(statement, 2)));
+    return table;
+}
+
 std::optional<jet::Table> ReadTableDefinition(Engine& engine, std::string_view name) {
-    for (const std::string& stored : UserTableNames(engine)) {
-        if (!jetsql::SameName(stored, name)) continue;
-        jet::Table table;
-        table.name = stored;
-        Statement statement(engine, "PRAGMA main.table_info(" + jetsql::Quoted(stored) + ")", Work::Rows);
-        while (statement.Step())
-            table.columns.push_back(
-                jetsql::ColumnFromDeclaration(TextOfColumn(statement, 1), TextOfColumn(statement, 2)));
-        return table;
-    }
+    for (const std::string& stored : UserTableNames(engine))
+        if (jetsql::SameName(stored, name)) return ReadColumns(engine, stored);
     return std::nullopt;
 }
 

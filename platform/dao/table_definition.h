@@ -19,8 +19,10 @@ inline constexpr char kUserTableFilter[] =
 // own nor those in which a converted file keeps its queries and properties.
 std::vector<std::string> UserTableNames(Engine& engine);
 
-// Reads a table's columns from the database's schema; nothing when there is no such table. Names compare
-// without case, whatever the alphabet.
+// Reads the columns of a table, named as it is stored, from the database's schema.
+jet::Table ReadColumns(Engine& engine, const std::string& stored);
+
+// The same by a name that compares without case, whatever the alphabet; nothing when there is no such table.
 std::optional<jet::Table> ReadTableDefinition(Engine& engine, std::string_view name);
 
 }  // namespace daoengine

@@ -1,7 +1,9 @@
 #include "mfc/format.h"
 
+#include <charconv>
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 
 namespace {
 
@@ -21,13 +23,19 @@ struct Arguments {
 };
 
 template <typename Value>
-std::string Print(const std::string& format, Value value) {
-    const int length = std::snprintf(nullptr, 0, format.c_str(), value);
-    if (length <= 0) return {};
-    std::string text(static_cast<std::size_t>(length) + 1, '\0');
-    std::snprintf(text.data(), text.size(), format.c_str(), value);
+void Print(std::string& text, const std::string& format, Value value) {
+    char buffer[64];
+    const int length = std::snprintf(buffer, sizeof buffer, format.c_str(), value);
+    if (length <= 0) return;
+    const std::size_t before = text.size();
+    const auto size = static_cast<std::size_t>(length);
+    if (size < sizeof buffer) {
+        text.append(buffer, size);
+        return;
+    }
+    text.resize(before + size + 1);
+    std::snprintf(text.data() + before, size + 1, format.c_str(), value);
     text.pop_back();
-    return text;
 }
 
 const char* ReadFlags(const char* at, Conversion& conversion, Arguments& arguments) {
@@ -68,24 +76,40 @@ Conversion ReadConversion(const char* at, Arguments& arguments) {
     return conversion;
 }
 
-std::string PrintInteger(const Conversion& conversion, Arguments& arguments) {
+void PrintDecimal(std::string& text, int value) {
+    char digits[16];
+    text.append(digits, std::to_chars(std::begin(digits), std::end(digits), value).ptr);
+}
+
+void PrintInteger(std::string& text, const Conversion& conversion, Arguments& arguments) {
+    const bool decimal = conversion.type == 'd' || conversion.type == 'i';
+    if (decimal && conversion.width == Width::Normal && conversion.flags.empty())
+        return PrintDecimal(text, va_arg(arguments.list, int));
     const std::string start = "%" + conversion.flags;
     const std::string type(1, conversion.type);
-    if (conversion.width == Width::Wide) return Print(start + "ll" + type, va_arg(arguments.list, long long));
+    if (conversion.width == Width::Wide)
+        return Print(text, start + "ll" + type, va_arg(arguments.list, long long));
     const char* const length = conversion.width == Width::Short  ? "h"
                                : conversion.width == Width::Byte ? "hh"
                                                                  : "";
-    return Print(start + length + type, va_arg(arguments.list, int));
+    Print(text, start + length + type, va_arg(arguments.list, int));
 }
 
-std::string PrintArgument(const Conversion& conversion, Arguments& arguments) {
-    const std::string format = "%" + conversion.flags + conversion.type;
-    if (conversion.type == 's') {
-        const char* const text = va_arg(arguments.list, const char*);
-        return Print(format, text ? text : "(null)");
-    }
-    if (conversion.type == 'c') return std::string(1, static_cast<char>(va_arg(arguments.list, int)));
-    return Print(format, va_arg(arguments.list, double));
+void PrintText(std::string& text, const Conversion& conversion, const char* argument) {
+    if (argument == nullptr) argument = "(null)";
+    if (conversion.flags.empty())
+        text += argument;
+    else
+        Print(text, "%" + conversion.flags + 's', argument);
+}
+
+void PrintArgument(std::string& text, const Conversion& conversion, Arguments& arguments) {
+    if (conversion.type == 's')
+        PrintText(text, conversion, va_arg(arguments.list, const char*));
+    else if (conversion.type == 'c')
+        text += static_cast<char>(va_arg(arguments.list, int));
+    else
+        Print(text, "%" + conversion.flags + conversion.type, va_arg(arguments.list, double));
 }
 
 }  // namespace
@@ -94,17 +118,19 @@ std::string mfc::FormatText(const char* format, va_list list) {
     Arguments arguments;
     va_copy(arguments.list, list);
     std::string text;
+    text.reserve(2 * std::strlen(format));
     while (const char* const percent = std::strchr(format, '%')) {
         text.append(format, percent);
         const Conversion conversion = ReadConversion(percent + 1, arguments);
         if (conversion.type && std::strchr("diuxXo", conversion.type))
-            text += PrintInteger(conversion, arguments);
+            PrintInteger(text, conversion, arguments);
         else if (conversion.type && std::strchr("scfFeEgG", conversion.type))
-            text += PrintArgument(conversion, arguments);
+            PrintArgument(text, conversion, arguments);
         else
             text.append(conversion.type == '%' ? conversion.end - 1 : percent, conversion.end);
         format = conversion.end;
     }
     va_end(arguments.list);
-    return text + format;
+    text += format;
+    return text;
 }
