@@ -99,6 +99,16 @@ std::vector<KaloDigitValue> ReadValuesOf(const KaloUserParameter& parameter,
     return values;
 }
 
+// The digit of each value: the values stand digit after digit, as many as each one's count says. Unknown
+// where one of them is not listed.
+std::vector<Cell> PositionsOf(const std::vector<KaloDigitValue>& values,
+                              const std::vector<KaloDigit>& digits) {
+    std::vector<Cell> positions;
+    for (const KaloDigit& digit : digits)
+        positions.insert(positions.end(), digit.value_count, Cell(digit.pos));
+    return positions.size() == values.size() ? positions : std::vector<Cell>(values.size());
+}
+
 std::string ForPeople(const KaloUserParameter& parameter, const std::vector<DigitMeaning>& digits) {
     std::string text =
         fmt::format("{}  {}\n", FieldText(parameter.user_constant), FieldText(parameter.parameter_name));
@@ -153,6 +163,7 @@ Table DigitValueTable(const Parameters& parameters, std::uint16_t language) {
     Table table{{{"number"},
                  {"parameter_id", Shown::Hex},
                  {"parameter"},
+                 {"digit"},
                  {"value", Shown::Hex},
                  {"meaning"},
                  {"name_id", Shown::Detail},
@@ -164,11 +175,13 @@ Table DigitValueTable(const Parameters& parameters, std::uint16_t language) {
     for (const KaloUserParameter& parameter : parameters) {
         const std::vector<KaloDigit>& digits = DigitsOf(parameter, all);
         if (digits.empty()) continue;
-        for (const KaloDigitValue& value : ReadValuesOf(parameter, digits, language))
+        const std::vector<KaloDigitValue> values = ReadValuesOf(parameter, digits, language);
+        const std::vector<Cell> positions = PositionsOf(values, digits);
+        for (std::size_t i = 0; i < values.size(); ++i)
             table.rows.push_back({FieldText(parameter.user_constant), parameter.parameter_id,
-                                  FieldText(parameter.parameter_name), value.content_value,
-                                  FieldText(value.name), value.content_name_id, value.access_level,
-                                  value.message_type, value.message_id});
+                                  FieldText(parameter.parameter_name), positions[i], values[i].content_value,
+                                  FieldText(values[i].name), values[i].content_name_id,
+                                  values[i].access_level, values[i].message_type, values[i].message_id});
     }
     return table;
 }

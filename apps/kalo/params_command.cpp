@@ -36,7 +36,7 @@ struct Options {
 std::vector<KaloUserParameter> ChosenParameters(const Options& options) {
     if (options.id) return {ReadParameter(*options.id)};
     if (options.index) return {ReadParameterAt(*options.index)};
-    const std::vector<KaloUserParameter> all = ReadParameters();
+    std::vector<KaloUserParameter> all = ReadParameters();
     if (options.group.empty()) return all;
     // Additional groups are those of the axis's devices.
     Identify(options.combination);

@@ -87,6 +87,10 @@ class Combinations(KaloTest):
                 self.assertEqual(len(self.rows("monitors", self.english, *axis)), monitors)
                 fixed = [row["kind"] for row in self.rows("io", self.english, *axis, "--fixed")]
                 self.assertEqual((fixed.count("input"), fixed.count("output")), (inputs, outputs))
+                life = {row["item"]: row["value"] for row in self.rows("axis", self.english, *axis)}
+                self.assertEqual((life["user parameters"], life["fixed inputs"], life["fixed outputs"]),
+                                 (parameters, inputs, outputs))
+                self.assertIs(life["gone after its removal"], True)
 
     def test_alarms_are_all_found(self):
         self.assertEqual(len(self.rows("alarms", self.english, *EVERYTHING)), 85)
@@ -115,8 +119,37 @@ class Combinations(KaloTest):
                                      "      * 0  Positive command: counterclockwise",
                                      "        1  Positive command: clockwise"])
         flat = self.rows("params", self.english, *AMPA, "--digits")
-        self.assertIn(("P0.00", 0, 1, "Positive command: clockwise"),
-                      [(row["number"], row["digit"], row["value"], row["meaning"]) for row in flat])
+        def meanings(rows):
+            return [(row["number"], row["digit"], row["value"], row["meaning"]) for row in rows]
+        self.assertIn(("P0.00", 0, 1, "Positive command: clockwise"), meanings(flat))
+        values = self.rows("params", self.english, *AMPA, "--values")
+        self.assertEqual(meanings(values), meanings(flat))
+        self.assertEqual({row["message_type"] for row in values if row["number"] == "P0.00"}, {0, 1})
+        for view in ("--digits", "--values"):
+            alone = self.rows("params", self.english, *AMPA, "--id", "0", view)
+            self.assertEqual(alone, [row for row in self.rows("params", self.english, *AMPA, view)
+                                     if row["number"] == "P0.00"])
+
+    def test_one_parameter_by_its_id_or_place(self):
+        every = self.rows("params", self.english, *AMPA)
+        for place in (0, 17, len(every) - 1):
+            self.assertEqual(self.rows("params", self.english, *AMPA, "--index", str(place)), [every[place]])
+            wanted = hex(every[place]["parameter_id"])
+            self.assertEqual(self.rows("params", self.english, *AMPA, "--id", wanted), [every[place]])
+
+    def test_control_modes_choose_parameters_and_monitors(self):
+        for command, column in (("params", "sv_control_type"), ("monitors", "control_type_mask")):
+            every = self.rows(command, self.english, *AMPA)
+            for mask in (0, 1, 2, 4, 6, 7):
+                self.assertEqual(self.rows(command, self.english, *AMPA, "--control-mask", str(mask)),
+                                 [row for row in every if row[column] & mask], (command, mask))
+
+    def test_versions_are_compared(self):
+        for arguments, changed in (("--compare 1 2", True), ("--compare 6 5", True), ("--compare 2 3", False),
+                                   ("--option 5 --compare-option 1 4", True), ("--compare-option 1 4", False),
+                                   ("--option 5 --compare 2 2 --compare-option 1 3", False)):
+            rows = self.rows("params", self.english, *AMPA, *arguments.split())
+            self.assertIs(rows[0]["changed"], changed, arguments)
 
 
 class Answers(KaloTest):
@@ -124,8 +157,18 @@ class Answers(KaloTest):
     CASES = [
         ("models", "--ratings 17", ["1  50 W             1  100 V AC        1200            4200"]),
         ("models", "--indexer", ["model_id  option_id  name"]),
+        ("models", "--ratings 17 --format csv", ["1,50 W,1,100 V AC,L (100 V AC),1200,4200"]),
+        ("models", "--options 18", ["3  FNU30  Field network unit FNU30", "5  FBU50  Feedback unit FBU50"]),
+        ("models", "--cmods 18 --option 3", ["amplifier        101\namplifier        202\noption unit      202"]),
+        ("models", "--cmods 19", ["of  cmod_id\n"]),
+        ("params", "--model 17 --switch 2", ["2         4  P0.03            0x3  Tuning mode word      2    0x1"]),
+        ("params", "--fixed-name 21 --language 2", ["21  Drehzahlregler-Verst. 1"]),
         ("motors", "--motor 502", ["outer size   3  Ø 230 mm             35 N·m"]),
+        ("motors", "--motor 303 --power 8", ["power     8  5.5 kW", "voltage   3  400 V AC  5.5 kW  H"]),
         ("motors", "--control-type 1", ["401  LX iron core"]),
+        ("axis", "--model 18 --firmware 5 --motor 302 --encoder 4 --encoder-firmware 3", [
+            "motor      name                             RM medium inertia",
+            "encoder    type                             ABS26MT"]),
         ("encoders", "--language 1", ["12  正弦波スケール"]),
         ("encoders", "--motor 301 --encoder 1 --firmware 3", ["301           1         3       20  INC20"]),
         ("help", "--model 18 --screen inertia", ["inertia     2  common/tuning.htm#inertia_start",
@@ -169,10 +212,26 @@ class Answers(KaloTest):
         self.assertTrue(set(supported("0x5", "0xFFFF")) > {(0, 0), (0, 2), (1, 0)})
         self.assertEqual(self.rows("traces", self.english, *AMPA, "--kind", "33"), [])
 
+    def test_positions_number_what_a_kind_lists(self):
+        for way in ("--analog", "--io"):
+            listed = self.rows("traces", self.english, *AMPA, way, "--kind", "2")
+            listed = [row for row in listed if row.get("listed", True)]
+            for place in (0, 1, len(listed) - 1):
+                row = self.rows("traces", self.english, *AMPA, way, "--kind", "2", "--position", str(place))[0]
+                self.assertEqual(row, {key: listed[place][key] for key in row})
+
+    def test_monitors_without_a_drive(self):
+        every = self.rows("monitors", self.english)
+        self.assertEqual(len(every), 149)
+        maintenance = self.rows("monitors", self.english, "--category", "5")
+        self.assertEqual((len(maintenance), maintenance), (11, every[-11:]))
+        self.assertEqual(self.rows("monitors", self.english, "--category", "65535"), [])
+
     def test_info(self):
         rows = [tuple(row.values()) for row in self.rows("info", self.english)]
         for row in (("file", "name", "IdeInfo.mdb"), ("file", "version", "1.4.0"), ("file", "status", "Close"),
                     ("table rows", "FirmUPara", 89), ("table rows", "tablemanager", 0),
+                    ("number of", "models without a type known off-line", 3), ("number of", "option units", 2),
                     ("language", 2, "617 parameter names"), ("changed by firmware", "model 17", "2, 4, 6"),
                     ("model", "model 18 with option 3", "AMPB200 with FNU30")):
             self.assertIn(row, rows)
@@ -252,7 +311,15 @@ class Failures(KaloTest):
         ("monitors FILE --model 17 --id 1", 1, ["no such monitor", "0x2A00002B"]),
         ("params FILE --model 17 --group Nothing", 1, ["no group", "Quick start"]),
         ("help FILE --model 19 --screen gaintuning", 1, ["no such page"]),
-        ("motors FILE --motor 9", 1, ["0x2B670BCD"]),
+        ("params FILE --model 17 --id 9999", 1, ["no such parameter", "0x2A000071"]),
+        ("params FILE --model 17 --index 374", 1, ["past the last", "0x2B750BCD"]),
+        ("params FILE --model 17 --switch 99", 1, ["no such function", "0x2BFF148F"]),
+        ("params FILE --fixed-name 9999", 1, ["no such name", "0x2BFF1200"]),
+        ("motors FILE --motor 9", 1, ["no such motor", "0x2B670BCD"]),
+        ("motors FILE --motor 301 --power 99", 1, ["no such power", "0x2B690BCD"]),
+        ("traces FILE --model 17 --position 99", 1, ["nothing at position 99"]),
+        ("traces FILE --io --model 17 --position 99", 1, ["nothing at position 99"]),
+        ("axis FILE --model 99", 1, ["0x2BFF0750"]),
         ("io FILE --model 17 --value 1 --address 5", 1, ["no parameter at 0x5"]),
         ("io FILE --pelk 77", 1, ["0x2A00007B"]),
         ("traces FILE --model 17 --convert 77", 1, ["unknown", "0x2BFF16CB"]),
@@ -267,6 +334,8 @@ class Failures(KaloTest):
         ("params FILE --model 17x", 2, ["17x"]), ("params FILE --model 0x1FFFFFFFF", 2, ["0x1FFFFFFFF"]),
         ("params FILE --model 17 --language -1", 2, ["-1"]), ("io FILE --model 17 --value 0x10000", 2, ["0x10000"]),
         ("params FILE --model 17 --format xml", 2, ["xml"]), ("io FILE", 2, ["--model"]),
+        ("params FILE --model 17 --id 1 --index 1", 2, ["--index"]), ("params FILE --model 17 --compare 1 x", 2, ["x"]),
+        ("params FILE --model 17 --compare 1", 2, ["--compare"]), ("motors FILE --power 1", 2, ["--motor"]),
         ("traces FILE --model 17 --support 5 x", 2, ["x"]), ("monitors FILE --id 5", 2, ["--model"]),
     ]
 
