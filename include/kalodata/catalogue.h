@@ -9,8 +9,8 @@
  *
  * Indices count from 0; an index past the last row fails in the database engine (3021), and the function
  * answers its code for a failure. A 16-bit `count` beside an array of records is the number of records that
- * the array holds: at most so many are written, in the order of the rows, and the matching ...Num function
- * tells how many there are.
+ * the array holds: at most so many are written, in the order of the rows, and never more than the matching
+ * ...Num function counts. There may be fewer: the rest of the array stays as it was.
  *
  * A record is written whole: a missing value is 0 or an empty text in it. A single name or number that is
  * missing leaves the caller's memory as it was, unless the function has a code for it. When a function fails
@@ -198,7 +198,10 @@ KALO_API KaloStatus KALO_CALL KaloGetMotorVoltage(uint32_t voltage_symbol_id, ch
  */
 KALO_API KaloStatus KALO_CALL KaloGetMotorPower(uint32_t motor_id, uint32_t power_id, char* power);
 
-/* How many powers a motor has. 0x2BFF0227 not open; 0x2BFF0232 the engine failed. */
+/*
+ * How many powers a motor has. 0x2BFF0227 not open; 0x2BFF0232 the engine failed. (0x2BFF0231 is reserved for
+ * it and not returned.)
+ */
 KALO_API KaloStatus KALO_CALL KaloGetMotorCapacityNum(uint32_t motor_id, uint16_t* count);
 
 /*

@@ -17,7 +17,7 @@
  * byte. */
 typedef struct KaloMonitor {
     uint32_t monitor_id;
-    uint16_t category_name_id; /* 1 to 4 */
+    uint16_t category_name_id; /* any that the database has; only 1 to 4 can be counted and listed by axis */
     char category_name[128];
     char monitor_name[128];
     uint16_t display_type; /* how to show the value: number, hexadecimal, bit, ... */
@@ -94,7 +94,8 @@ KALO_API KaloStatus KALO_CALL KaloMonCreate(int32_t country_id, int32_t servo_id
 KALO_API KaloStatus KALO_CALL KaloMonUpdate(int32_t axis_num, int32_t control_mask);
 
 /*
- * Number of monitors in a category (1 to 4); 0 for none.
+ * Number of monitors in a category (1 to 4); 0 for none. Monitors of other categories, such as maintenance,
+ * are reached by KaloGetMonitorInfo and KaloGetAllMonitorInfo alone.
  * 0x2A00002C not open; 0x2A00002D other category; 0x2A00002E unknown axis; 0x2A00002F no monitor table;
  * 0x2B5C0000, 0x2B5D0000 + DAO.
  */
@@ -125,7 +126,7 @@ KALO_API KaloStatus KALO_CALL KaloGetMonitorInfo(int16_t axis_num, int32_t monit
 KALO_API KaloStatus KALO_CALL KaloGetAllMonitorInfo(int16_t axis_num, uint16_t count, KaloMonitor* monitors);
 
 /*
- * Number of monitors that the list of a category shows, without an axis; 0 for none.
+ * Number of monitors that the list of a category shows, without an axis; 0 for none. Any category has a list.
  * 0x2BFF1030 not open; 0x2C000000 + DAO. (0x2BFF1031 is reserved for it and not returned.)
  */
 KALO_API KaloStatus KALO_CALL KaloGetMonitorListNumWithCategory(uint16_t category_name_id, uint32_t* count);

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 
 #include "session/query_frame.h"
 
@@ -65,6 +67,18 @@ Status ReadRows(Status noRow, const OnDaoError& onDaoError, const CString& state
         }
         return kOk;
     });
+}
+
+// The same, where names or joins can make more rows than the matching count getter counts: no more records
+// are written than `counted` has rows.
+template <class Record, class Read>
+Status ReadCountedRows(Status noRow, const OnDaoError& onDaoError, const CString& statement,
+                       const CString& counted, std::uint16_t capacity, Record* records, Read&& read) {
+    std::uint16_t count = 0;
+    const Status status = CountRows(onDaoError, counted, &count);
+    if (status != kOk) return status;
+    return ReadRows(noRow, onDaoError, statement, std::min(capacity, count), records,
+                    std::forward<Read>(read));
 }
 
 }  // namespace kalo

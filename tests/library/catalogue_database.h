@@ -32,10 +32,14 @@ inline constexpr const char* kCatalogueDatabase[] = {
     "INSERT INTO [motorspec] VALUES (401,3,'200 W',1,1,'M1',1,'C1',7,'T7',5,'S5')",
     "INSERT INTO [motorspec] VALUES (401,4,'400 W',9,1,'M1',2,'C2',7,'T7',6,'S6')",
     "INSERT INTO [motorspec] ([motor_id]) VALUES (499)",
+    "INSERT INTO [motorspec] VALUES (402,1,'50 W',5,1,'M1',1,'C1',1,'T1',1,'S1')",
+    "INSERT INTO [motorspec] VALUES (402,1,'50 watts',5,1,'Magnet 1',1,'C1',1,'Torque 1',1,'S1')",
     "CREATE TABLE [motorvoltagesymbol] ([voltage_symbol_id] LONG, [voltage_symbol] TEXT(60), "
     "[voltage_string] TEXT(60))",
     "INSERT INTO [motorvoltagesymbol] VALUES (1,'L','100 V')",
     "INSERT INTO [motorvoltagesymbol] VALUES (2,'M','200 V')",
+    "INSERT INTO [motorvoltagesymbol] VALUES (5,'D','48 V')",
+    "INSERT INTO [motorvoltagesymbol] VALUES (5,'D','50 V')",
     "CREATE TABLE [motor_specstring] ([name_id] LONG, [name_string] TEXT(60), [unit_str_id] SHORT, [unit] "
     "TEXT(49), [unit_multiplier] SINGLE)",
     "INSERT INTO [motor_specstring] ([name_id],[unit_str_id]) VALUES (71,4)",
@@ -44,17 +48,21 @@ inline constexpr const char* kCatalogueDatabase[] = {
     "CREATE TABLE [FunctionStrings] ([string_id] LONG, [string] MEMO)",
     "INSERT INTO [FunctionStrings] VALUES (71,'Rated power')",
     "INSERT INTO [FunctionStrings] VALUES (72,'Brake')",
+    "INSERT INTO [FunctionStrings] VALUES (74,'Twice')",
+    "INSERT INTO [FunctionStrings] VALUES (74,'Twice again')",
     "CREATE TABLE [optioninfo] ([motor_id] LONG, [option_id] LONG, [name_id] LONG, [break] SHORT, "
     "[oilseal] SHORT)",
     "INSERT INTO [optioninfo] VALUES (301,2,72,1,NULL)",
     "INSERT INTO [optioninfo] VALUES (301,1,71,0,1)",
     "INSERT INTO [optioninfo] VALUES (301,3,79,1,1)",
     "INSERT INTO [optioninfo] VALUES (302,NULL,71,0,0)",
+    "INSERT INTO [optioninfo] VALUES (402,1,74,0,0)",
     "CREATE TABLE [pginfo] ([motor_id] LONG, [pg_id] LONG, [name_id] LONG, [resolution] LONG, [type] "
     "SHORT, [sign] SHORT)",
     "INSERT INTO [pginfo] VALUES (301,2,72,70000,1,-1)",
     "INSERT INTO [pginfo] VALUES (301,1,71,20,3,0)",
     "INSERT INTO [pginfo] VALUES (302,NULL,71,20,0,0)",
+    "INSERT INTO [pginfo] VALUES (402,1,74,20,0,0)",
     "CREATE TABLE [MotorScaleInfo] ([id] LONG, [start_adr] LONG, [byte_size] LONG, [sum_adr] LONG, "
     "[protect_adr] LONG, [protect_bit] SHORT, [protect_val] LONG, [model_adr] LONG, [model_size] SHORT)",
     "INSERT INTO [MotorScaleInfo] VALUES (1,65535,2,3,4,5,6,7,8)",

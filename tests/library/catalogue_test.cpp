@@ -307,6 +307,23 @@ TEST_F(CatalogueTest, ListsWhatAMotorCanHave) {
     EXPECT_EQ(Parts(KaloGetMotorDDInfo, 401u, kSecond, 8u), (Pairs{{5, "S5"}, {6, "S6"}}));
 }
 
+// Two names of one part, two texts of one id: the list would have more rows than its count.
+TEST_F(CatalogueTest, ListsNoMoreThanItCounts) {
+    constexpr std::uint32_t kMotor = 402;
+    EXPECT_EQ(Counted(KaloGetMotorCapacityNum, kMotor), 1);
+    EXPECT_EQ(Listed<KaloMotorCapacity>(8, 0, KaloGetMotorCapacityInfo, kMotor).size(), 1u);
+    EXPECT_EQ(Counted(KaloGetMotorPowerVoltageNum, kMotor, kSecond, 1u), 1);
+    EXPECT_EQ(Listed<KaloMotorVoltage>(8, 0, KaloGetMotorPowerVoltageInfo, kMotor, kSecond, 1u).size(), 1u);
+    EXPECT_EQ(Counted(KaloGetMotorLinearInfoNum, kMotor, kFirst, 0u), 1);
+    EXPECT_EQ(Parts(KaloGetMotorLinearInfo, kMotor, kFirst, 0u).size(), 1u);
+    EXPECT_EQ(Counted(KaloGetMotorDDInfoNum, kMotor, kFirst, 0u), 1);
+    EXPECT_EQ(Parts(KaloGetMotorDDInfo, kMotor, kFirst, 0u).size(), 1u);
+    EXPECT_EQ(Counted(KaloGetOptionInfoNum, kMotor), 1);
+    EXPECT_EQ(Listed<KaloOptionInfo>(8, 0, KaloGetOptionInfo, kMotor).size(), 1u);
+    EXPECT_EQ(Counted(KaloGetPGInfoNum, kMotor), 1);
+    EXPECT_EQ(Listed<KaloPGInfo>(8, 0, KaloGetPGInfo, kMotor).size(), 1u);
+}
+
 TEST_F(CatalogueTest, ListsOptionsAndEncodersWithTheirTexts) {
     EXPECT_EQ(Counted(KaloGetOptionInfoNum, 301u), 3);
     const auto options = Listed<KaloOptionInfo>(8, 0, KaloGetOptionInfo, 301u);
