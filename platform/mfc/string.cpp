@@ -29,7 +29,7 @@ CString& CString::operator=(LPCTSTR text) {
 }
 
 CString& CString::operator+=(LPCTSTR text) {
-    if (text) text_ += std::string(text);
+    if (text) text_ += text;
     return *this;
 }
 

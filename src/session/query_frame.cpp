@@ -14,17 +14,15 @@ constexpr int kFailOnError = 64;
 CString SqlOnTable(const char* statement, const CString& table, std::initializer_list<std::int32_t> numbers) {
     CString text;
     auto number = numbers.begin();
-    while (*statement != '\0') {
-        if (std::strncmp(statement, "%s", 2) == 0) {
+    while (const char* const hole = std::strchr(statement, '%')) {
+        text += CString(statement, static_cast<int>(hole - statement));
+        if (hole[1] == 's')
             text += table;
-            statement += 2;
-        } else if (std::strncmp(statement, "%ld", 3) == 0 || std::strncmp(statement, "%d", 2) == 0) {
-            text += Sql("%ld", *number++);
-            statement += statement[1] == 'l' ? 3 : 2;
-        } else {
-            text += *statement++;
-        }
+        else
+            text += Sql("%d", *number++);
+        statement = hole + (hole[1] == 'l' ? 3 : 2);
     }
+    text += statement;
     return text;
 }
 
