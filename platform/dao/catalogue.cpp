@@ -19,7 +19,8 @@ bool IsHidden(std::string_view name) {
 }
 
 std::string TextAt(Statement& statement, int column) {
-    return std::string(FieldOf(statement.Handle(), column).bytes);
+    const FieldView field = FieldOf(statement.Handle(), column);
+    return field.kind == FieldView::Kind::Text ? std::string(field.bytes) : std::string();
 }
 
 jet::Index ReadIndex(Engine& engine, const std::string& sqlName) {
@@ -45,24 +46,24 @@ void ReadIndexes(Engine& engine, jet::Table& table) {
 }
 
 std::string StoredName(Engine& engine, const std::string& key) {
-    for (std::string& name : UserTableNames(engine))
-        if (jetsql::FoldedName(name) == key) return std::move(name);
+    for (const std::string& name : UserTableNames(engine))
+        if (jetsql::FoldedName(name) == key) return name;
     return {};
 }
 
 }  // namespace
 
-const jet::Table* EngineCatalogue::FindTable(std::string_view name) {
+std::shared_ptr<const jet::Table> EngineCatalogue::FindDesign(std::string_view name) {
     if (IsHidden(name)) return nullptr;
     Entry* const entry = FindEntry(jetsql::FoldedName(name));
     if (entry == nullptr) return nullptr;
-    if (!entry->definition) {
+    if (!entry->design) {
         Engine& engine = session_.OwnEngine();
         jet::Table table = ReadColumns(engine, entry->name);
         ReadIndexes(engine, table);
-        entry->definition = std::make_unique<jet::Table>(std::move(table));
+        entry->design = std::make_shared<const jet::Table>(std::move(table));
     }
-    return entry->definition.get();
+    return entry->design;
 }
 
 EngineCatalogue::Entry* EngineCatalogue::FindEntry(const std::string& key) {
@@ -77,8 +78,8 @@ EngineCatalogue::Entry* EngineCatalogue::FindEntry(const std::string& key) {
 }
 
 void EngineCatalogue::ReadNames() {
-    for (std::string& name : UserTableNames(session_.OwnEngine()))
-        tables_.try_emplace(jetsql::FoldedName(name), Entry{std::move(name), nullptr});
+    for (const std::string& name : UserTableNames(session_.OwnEngine()))
+        tables_.try_emplace(jetsql::FoldedName(name), Entry{name, nullptr});
     namesRead_ = true;
 }
 

@@ -19,7 +19,9 @@ class EngineCatalogue final : public jetsql::Catalogue {
   public:
     explicit EngineCatalogue(Session& session) : session_(session) {}
 
-    const jet::Table* FindTable(std::string_view name) override;
+    const jet::Table* FindTable(std::string_view name) override { return FindDesign(name).get(); }
+    // The same, to be kept beyond the next change.
+    std::shared_ptr<const jet::Table> FindDesign(std::string_view name);
     const std::string* FindQuery(std::string_view name) override;
     ExternalTable FindExternalTable(std::string_view name, std::string_view path,
                                     std::string_view connect) override;
@@ -51,10 +53,10 @@ class EngineCatalogue final : public jetsql::Catalogue {
         std::string problem;
     };
 
-    // A table, whose definition is read when it is first asked for.
+    // A table, whose design is read when it is first asked for.
     struct Entry {
         std::string name;  // as it is stored; empty when it has to be looked up anew
-        std::unique_ptr<jet::Table> definition;
+        std::shared_ptr<const jet::Table> design;
     };
 
     Entry* FindEntry(const std::string& key);

@@ -28,25 +28,25 @@ void Cursor::OpenStored(std::shared_ptr<CachedStatement> shape, std::shared_ptr<
 }
 
 void Cursor::OpenRunning(Engine& engine, std::shared_ptr<CachedStatement> shape,
-                         std::vector<jetsql::Literal> literals) {
+                         std::shared_ptr<const jetsql::Shape> asked) {
     shape_ = std::move(shape);
-    literals_ = std::move(literals);
+    asked_ = std::move(asked);
     Start(engine, shape_->main, shape_->translation.sql);
 }
 
 void Cursor::OpenOnRow(Engine& engine, std::shared_ptr<CachedStatement> shape,
-                       std::vector<jetsql::Literal> literals, std::size_t lookup, std::int64_t row) {
+                       std::shared_ptr<const jetsql::Shape> asked, std::size_t lookup, std::int64_t row) {
     shape_ = std::move(shape);
-    literals_ = std::move(literals);
+    asked_ = std::move(asked);
     Start(engine, shape_->byRow[lookup], shape_->translation.lookups[lookup].sqlByRow);
-    statement_.Bind(literals_.size() + 1, row);
+    statement_.Bind(asked_->literals.size() + 1, row);
 }
 
 void Cursor::Start(Engine& engine, StatementPool& pool, const std::string& sql) {
     engine_ = &engine;
     pool_ = &pool;
     statement_ = pool.Take(engine, sql);
-    statement_.Bind(literals_);
+    statement_.Bind(asked_->literals);
     account_ = {};
     at_ = -1;
     known_ = 0;
@@ -57,6 +57,7 @@ void Cursor::Close() {
     ReturnStatement();
     rows_.reset();
     shape_.reset();
+    asked_.reset();
     owner_.reset();
     known_ = 0;
     complete_ = true;
@@ -113,31 +114,29 @@ void Cursor::Seek(std::int64_t row) {
         if (!Advance()) Throw(3167);
 }
 
-bool Cursor::Collect(RowBlock& rows, std::size_t mostRows, std::size_t mostBytes) {
+bool Cursor::Collect(RowBlock& rows, std::size_t mostBytes) {
     if (at_ != 0) {
         Rewind();
         if (!Advance()) return true;
     }
     do {
         rows.Append(statement_.Handle());
-        if (static_cast<std::size_t>(rows.Rows()) > mostRows || rows.Bytes() > mostBytes) return false;
+        if (rows.Bytes() > mostBytes) return false;
     } while (Advance());
     return true;
 }
 
 void Cursor::Store() {
     auto rows = std::make_shared<RowBlock>(static_cast<int>(shape_->translation.columns.size()));
-    if (!Collect(*rows, std::numeric_limits<std::size_t>::max(), limits::kStoredBytes)) Throw(3035);
+    if (!Collect(*rows, limits::kStoredBytes)) Throw(3035);
     BecomeStored(std::move(rows));
 }
 
-std::shared_ptr<const RowBlock> Cursor::StoreSmall(std::size_t rows, std::size_t bytes) {
-    if (rows_) {
-        const bool small = static_cast<std::size_t>(rows_->Rows()) <= rows && rows_->Bytes() <= bytes;
-        return small ? rows_ : nullptr;
-    }
+std::shared_ptr<const RowBlock> Cursor::StoreSmall(std::size_t bytes) {
+    if (rows_) return rows_->Bytes() <= bytes ? rows_ : nullptr;
     auto block = std::make_shared<RowBlock>(static_cast<int>(shape_->translation.columns.size()));
-    if (!Collect(*block, rows, bytes)) return nullptr;
+    if (!Collect(*block, bytes)) return nullptr;
+    block->Trim();
     BecomeStored(block);
     return block;
 }

@@ -40,9 +40,9 @@ class Cursor {
     // Opens on a statement that the cursor binds and runs: the shape's own, or, with `row`, its lookup of one
     // row.
     void OpenRunning(Engine& engine, std::shared_ptr<CachedStatement> shape,
-                     std::vector<jetsql::Literal> literals);
+                     std::shared_ptr<const jetsql::Shape> asked);
     void OpenOnRow(Engine& engine, std::shared_ptr<CachedStatement> shape,
-                   std::vector<jetsql::Literal> literals, std::size_t lookup, std::int64_t row);
+                   std::shared_ptr<const jetsql::Shape> asked, std::size_t lookup, std::int64_t row);
     // Something that has to live as long as the rows.
     void Hold(std::shared_ptr<void> owner) { owner_ = std::move(owner); }
     void Close();
@@ -67,9 +67,9 @@ class Cursor {
     bool Running() const { return static_cast<bool>(statement_); }
     // Fetches all rows into memory and ends the statement. 3035 when they are too many.
     void Store();
-    // The same, unless the rows are more or larger than told: then the statement goes on, from the first row.
-    // Rows that are in memory already stay there.
-    std::shared_ptr<const RowBlock> StoreSmall(std::size_t rows, std::size_t bytes);
+    // The same, unless the rows are larger than told: then the statement goes on, from the first row. Rows
+    // that are in memory already stay there.
+    std::shared_ptr<const RowBlock> StoreSmall(std::size_t bytes);
 
   private:
     void Start(Engine& engine, StatementPool& pool, const std::string& sql);
@@ -78,11 +78,11 @@ class Cursor {
     void Seek(std::int64_t row);
     void BecomeStored(std::shared_ptr<const RowBlock> rows);
     void ReturnStatement();
-    bool Collect(RowBlock& rows, std::size_t mostRows, std::size_t mostBytes);
+    bool Collect(RowBlock& rows, std::size_t mostBytes);
 
     std::shared_ptr<void> owner_;
     std::shared_ptr<CachedStatement> shape_;
-    std::vector<jetsql::Literal> literals_;
+    std::shared_ptr<const jetsql::Shape> asked_;  // the statement as asked, with its literals
     Engine* engine_ = nullptr;
     StatementPool* pool_ = nullptr;
     Statement statement_;

@@ -65,7 +65,8 @@ void CDaoDatabase::Execute(LPCTSTR sql, int) {
     Guard([&] {
         daoengine::Session& session = state_->Session(kNotSet);
         seam::Pass(seam::Call::Execute);
-        state_->rowsAffected = daoengine::ExecuteAction(session, Utf8FromNarrow(TextOf(sql)));
+        const std::string text = Utf8FromNarrow(TextOf(sql));
+        state_->rowsAffected = daoengine::ExecuteAction(session, session.Read(text));
     });
 }
 

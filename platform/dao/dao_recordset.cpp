@@ -1,8 +1,8 @@
 #include <afxdao.h>
 
 #include <climits>
+#include <string>
 
-#include "dao/ascii.h"
 #include "dao/database_state.h"
 #include "dao/exceptions.h"
 #include "dao/recordset_state.h"
@@ -48,10 +48,8 @@ void CDaoRecordset::Open(int, LPCTSTR sql, int) {
         daoengine::Session& session = database_->State().Session(kNoSuchFile);
         const std::string_view text = sql == nullptr ? "" : sql;
         if (!IsStatement(text)) Throw(kSelectSyntax);
-        if (daoengine::IsAscii(text))
-            state_->Open(session, text);
-        else
-            state_->Open(session, Utf8FromNarrow(text));
+        std::string storage;
+        state_->Open(session, Utf8FromNarrow(text, storage));
     });
 }
 

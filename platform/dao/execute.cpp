@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <utility>
+
 #include "dao/limits.h"
 #include "dao/recordset_state.h"
 #include "dao/session.h"
@@ -14,7 +16,7 @@ namespace {
 std::int64_t RunOnce(Engine& engine, const Request& request) {
     CachedStatement& shape = *request.statement;
     Statement statement = shape.main.Take(engine, shape.translation.sql);
-    statement.Bind(request.shape.literals);
+    statement.Bind(request.shape->literals);
     RunMeter::Account account{.mostSteps = limits::kActionSteps};
     while (statement.Step(account)) {
     }
@@ -91,8 +93,8 @@ void StoreAllReaders(Session& session) {
         if (recordset->Rows().Running()) recordset->Rows().Store();
 }
 
-std::int64_t ExecuteAction(Session& session, std::string_view sql) {
-    const Request request = session.Prepare(sql);
+std::int64_t ExecuteAction(Session& session, Draft draft) {
+    const Request request = session.Prepare(std::move(draft));
     if (!request.readsExternal) return Run(session, request);
     StoreAllReaders(session);
     const ExternalCopies copies(session.OwnEngine());

@@ -6,11 +6,12 @@
 namespace daoengine {
 
 class Session;
+struct Draft;
 struct Request;
 
-// Runs an action or definition statement (UTF-8), which takes effect whole or not at all. Returns the rows
+// Runs an action or definition statement, which takes effect whole or not at all. Returns the rows
 // written, changed or deleted; 0 for a definition. 3065 for a SELECT.
-std::int64_t ExecuteAction(Session& session, std::string_view sql);
+std::int64_t ExecuteAction(Session& session, Draft draft);
 
 // The half of it that changes tables' design: SELECT INTO and the definition statements.
 std::int64_t ExecuteDesignChange(Session& session, const Request& request);

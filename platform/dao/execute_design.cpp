@@ -32,7 +32,7 @@ std::int64_t CreateFilled(Engine& engine, const Request& request) {
     Statement fill(engine,
                    "INSERT INTO " + jetsql::Quoted(translation.definition.name) + ' ' + translation.sql,
                    Work::Rows);
-    fill.Bind(request.shape.literals);
+    fill.Bind(request.shape->literals);
     RunMeter::Account account{.mostSteps = limits::kActionSteps};
     while (fill.Step(account)) {
     }

@@ -21,7 +21,9 @@ int FieldNames::FindAnew(const std::vector<jetsql::OutputColumn>& columns, const
     const auto first = slots_.begin() + static_cast<std::ptrdiff_t>(SlotOf(name));
     const auto taken = [name](const Slot& slot) { return slot.address != nullptr && slot.address != name; };
     const auto free = std::find_if_not(first, first + kProbes, taken);
-    *(free == first + kProbes ? first : free) = {name, spellings_.insert(name).first->c_str(), column};
+    Slot& slot = *(free == first + kProbes ? first : free);
+    slot = {name, spellings_.insert(name).first->c_str(), column, nullptr};
+    last_ = &slot;
     return column;
 }
 
@@ -29,6 +31,7 @@ void FieldNames::MakeSlots(std::size_t columns) {
     const std::size_t slots = std::bit_ceil(4 * columns + 4);
     shift_ = static_cast<unsigned>(64 - std::countr_zero(slots));
     slots_.assign(slots + kProbes, Slot());
+    last_ = nullptr;
     spellings_.clear();
 }
 

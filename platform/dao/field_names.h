@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -12,18 +13,20 @@
 
 namespace daoengine {
 
-// The columns of a result by name. Callers ask with the same few character arrays over and over, so that a
-// name is first looked for by its address, and compared only once there.
+// The columns of a result by name. Callers ask with the same few character arrays over and over, in the same
+// order for each row, so that a name is first expected to be the one that followed last time, then looked for
+// by its address, and compared only once there.
 class FieldNames {
   public:
     static constexpr int kNone = -1;
 
     // The position of a column, by its narrow name without case; kNone when there is none.
     int Find(const std::vector<jetsql::OutputColumn>& columns, const char* name) {
-        if (!slots_.empty()) [[likely]] {
-            const Slot* slot = &slots_[SlotOf(name)];
+        if (last_ != nullptr) [[likely]] {
+            if (last_->next != nullptr && last_->next->IsFor(name)) return (last_ = last_->next)->column;
+            Slot* slot = &slots_[SlotOf(name)];
             for (const Slot* end = slot + kProbes; slot != end; ++slot)
-                if (slot->address == name && SameCharacters(slot->spelling, name)) return slot->column;
+                if (slot->IsFor(name)) return (last_ = last_->next = slot)->column;
         }
         return FindAnew(columns, name);
     }
@@ -36,16 +39,10 @@ class FieldNames {
         const char* address = nullptr;
         const char* spelling = nullptr;
         int column = kNone;
-    };
+        Slot* next = nullptr;  // the name that was asked for after this one
 
-    // Names are short; a loop in place beats a call.
-    static bool SameCharacters(const char* a, const char* b) {
-        while (*a == *b && *a != '\0') {
-            ++a;
-            ++b;
-        }
-        return *a == *b;
-    }
+        bool IsFor(const char* name) const { return address == name && std::strcmp(spelling, name) == 0; }
+    };
 
     std::size_t SlotOf(const char* name) const {
         const auto address = static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(name));
@@ -57,6 +54,7 @@ class FieldNames {
     int FindByText(const std::vector<jetsql::OutputColumn>& columns, std::string_view name);
 
     std::vector<Slot> slots_;  // a power of two and the probes; empty until the first question
+    Slot* last_ = nullptr;     // that of the last question
     unsigned shift_ = 0;
     std::unordered_map<std::string, int> byName_;
     std::unordered_set<std::string> spellings_;  // as asked for; bounded, since callers may invent names

@@ -3,8 +3,8 @@
 #include <cmath>
 #include <cstring>
 #include <new>
+#include <string>
 
-#include "dao/ascii.h"
 #include "mfc/narrow.h"
 
 namespace daoengine {
@@ -25,8 +25,8 @@ BSTR AllocateText(std::string_view text) {
 }
 
 void StoreText(const FieldView& field, VARIANT& variant) {
-    variant.bstrVal =
-        IsAscii(field.bytes) ? AllocateText(field.bytes) : AllocateText(NarrowFromUtf8(field.bytes));
+    std::string storage;
+    variant.bstrVal = AllocateText(NarrowFromUtf8(field.bytes, storage));
     variant.vt = VT_BSTR;
 }
 

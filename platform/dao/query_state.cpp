@@ -4,15 +4,14 @@
 
 #include "dao/execute.h"
 #include "dao/seam.h"
-#include "dao/session.h"
 
 namespace daoengine {
 
 void QueryState::Create(Session& session, std::string sql) {
-    session.CheckSyntax(sql);
+    sql_ = std::move(sql);
+    draft_ = session.Read(sql_);
     session.Enlist(*this);
     session_ = &session;
-    sql_ = std::move(sql);
     rowsAffected_ = 0;
     seam::openQueries.fetch_add(1, std::memory_order_relaxed);
 }
@@ -25,7 +24,7 @@ void QueryState::Close() {
 }
 
 void QueryState::Execute() {
-    rowsAffected_ = ExecuteAction(*session_, sql_);
+    rowsAffected_ = ExecuteAction(*session_, draft_);
 }
 
 }  // namespace daoengine

@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <string>
 
-namespace daoengine {
+#include "dao/session.h"
 
-class Session;
+namespace daoengine {
 
 // A temporary query definition: a statement's text, and what its last run did. It stays usable, as a closed
 // one, after its database closed.
@@ -27,6 +27,7 @@ class QueryState {
   private:
     Session* session_ = nullptr;
     std::string sql_;
+    Draft draft_;
     std::int64_t rowsAffected_ = 0;
 };
 

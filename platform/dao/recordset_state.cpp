@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "dao/errors.h"
-#include "dao/field_value.h"
 #include "dao/seam.h"
 #include "dao/select.h"
 #include "dao/session.h"
@@ -76,12 +74,6 @@ void RecordsetState::MoveBack(std::int64_t rows) {
     StandOn(target);
 }
 
-int RecordsetState::ColumnOf(const char* name) {
-    const int column = cursor_.Names().Find(cursor_.Shape().translation.columns, name);
-    if (column == FieldNames::kNone) Throw(3265);
-    return column;
-}
-
 int RecordsetState::ColumnOf(int index) const {
     if (index < 0 || index >= ColumnCount()) Throw(3265);
     return index;
@@ -89,15 +81,6 @@ int RecordsetState::ColumnOf(int index) const {
 
 int RecordsetState::ColumnCount() const {
     return static_cast<int>(cursor_.Shape().translation.columns.size());
-}
-
-const jetsql::OutputColumn& RecordsetState::Column(int index) const {
-    return cursor_.Shape().translation.columns[static_cast<std::size_t>(index)];
-}
-
-void RecordsetState::FieldValue(int column, VARIANT& variant) {
-    if (place_ != Place::OnRow) Throw(3021);
-    StoreField(cursor_.Field(row_, column), Column(column), variant);
 }
 
 }  // namespace daoengine

@@ -6,6 +6,8 @@
 #include <string_view>
 
 #include "dao/cursor.h"
+#include "dao/errors.h"
+#include "dao/field_value.h"
 
 namespace daoengine {
 
@@ -35,13 +37,22 @@ class RecordsetState {
     std::int64_t RowsVisited() const { return visited_; }
 
     // The position of a column; throws 3265 when there is none.
-    int ColumnOf(const char* name);
+    int ColumnOf(const char* name) {
+        const int column = cursor_.Names().Find(cursor_.Shape().translation.columns, name);
+        if (column == FieldNames::kNone) Throw(3265);
+        return column;
+    }
     int ColumnOf(int index) const;
-    const jetsql::OutputColumn& Column(int index) const;
+    const jetsql::OutputColumn& Column(int index) const {
+        return cursor_.Shape().translation.columns[static_cast<std::size_t>(index)];
+    }
     int ColumnCount() const;
 
     // The current row's value; throws 3021 when there is no current row.
-    void FieldValue(int column, VARIANT& variant);
+    void FieldValue(int column, VARIANT& variant) {
+        if (place_ != Place::OnRow) Throw(3021);
+        StoreField(cursor_.Field(row_, column), Column(column), variant);
+    }
 
     Cursor& Rows() { return cursor_; }
 

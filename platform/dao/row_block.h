@@ -9,14 +9,18 @@
 
 namespace daoengine {
 
-// A value of one column of one row, as the engine stores it. The bytes belong to the row.
+// A value of one column of one row, as the engine stores it: what its kind says. The bytes belong to the row.
 struct FieldView {
     enum class Kind : std::uint8_t { Null, Integer, Real, Text, Blob };
 
+    FieldView() : integer(0) {}
+
     Kind kind = Kind::Null;
-    std::int64_t integer = 0;
-    double real = 0;
-    std::string_view bytes;
+    union {
+        std::int64_t integer;
+        double real;
+        std::string_view bytes;  // of a text or blob
+    };
 };
 
 // A column of the row on which a statement stands.
@@ -55,10 +59,24 @@ class RowBlock {
 
     // Copies the row on which a statement stands.
     void Append(sqlite3_stmt* statement);
+    // Gives back what was reserved for more rows.
+    void Trim();
 
     std::int64_t Rows() const { return rows_; }
     std::size_t Bytes() const { return cells_.size() * sizeof(Cell) + bytes_.size(); }
-    FieldView At(std::int64_t row, int column) const;
+    FieldView At(std::int64_t row, int column) const {
+        const Cell& cell = cells_[static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_) +
+                                  static_cast<std::size_t>(column)];
+        FieldView field;
+        field.kind = cell.kind;
+        if (cell.kind >= FieldView::Kind::Text)
+            field.bytes = {bytes_.data() + cell.offset, cell.length};
+        else if (cell.kind == FieldView::Kind::Real)
+            field.real = cell.real;
+        else
+            field.integer = cell.integer;
+        return field;
+    }
 
   private:
     struct Cell {

@@ -21,7 +21,7 @@ bool FindCandidates(Session& session, const Request& request, const Stamp& stamp
         const auto index =
             session.Lookups().Find(session.OwnEngine(), session.Tables(), table, lookups[each].column, stamp);
         if (!index) continue;
-        if (!index->FindRows(request.shape.literals[lookups[each].literal], limits::kLookupRows, found)) {
+        if (!index->FindRows(request.shape->literals[lookups[each].literal], limits::kLookupRows, found)) {
             session.Lookups().GiveUp(table, lookups[each].column);
         } else if (!any || found.size() < rows.size()) {
             rows.swap(found);
@@ -39,9 +39,9 @@ std::shared_ptr<const RowBlock> ReadCandidates(Session& session, const Request& 
     if (rows.empty()) return block;
     Statement statement =
         shape.byRow[lookup].Take(session.OwnEngine(), shape.translation.lookups[lookup].sqlByRow);
-    statement.Bind(request.shape.literals);
+    statement.Bind(request.shape->literals);
     for (const std::int64_t row : rows) {
-        statement.Bind(request.shape.literals.size() + 1, row);
+        statement.Bind(request.shape->literals.size() + 1, row);
         if (statement.Step()) block->Append(statement.Handle());
         statement.Reset();
     }
@@ -57,8 +57,7 @@ bool OpenByLookup(Session& session, const Request& request, const Stamp& stamp, 
     if (!FindCandidates(session, request, stamp, rows, lookup)) return false;
     if (rows.size() > 1 && request.statement->translation.ordered) return false;
     if (rows.size() == 1) {
-        cursor.OpenOnRow(session.OwnEngine(), request.statement, request.shape.literals, lookup,
-                         rows.front());
+        cursor.OpenOnRow(session.OwnEngine(), request.statement, request.shape, lookup, rows.front());
         cursor.Exists(0);
     } else {
         cursor.OpenStored(request.statement, ReadCandidates(session, request, rows, lookup));
@@ -68,32 +67,36 @@ bool OpenByLookup(Session& session, const Request& request, const Stamp& stamp, 
     return false;
 }
 
-void KeepResult(Session& session, const Request& request, const Stamp& stamp, Cursor& cursor) {
-    auto rows = cursor.StoreSmall(limits::kKeptResultRows, limits::kKeptResultBytes);
-    if (session.StampOf(*request.statement) == stamp)
-        request.statement->results.Keep(request.shape.literals, stamp, std::move(rows));
+// Keeps rows that are asked for often enough, if they are not larger than pays.
+void KeepResult(Session& session, const Request& request, const Stamp& stamp, Cursor& cursor,
+                std::size_t worthBytes) {
+    KeptResults& results = request.statement->results;
+    auto rows = cursor.StoreSmall(worthBytes);
+    if (!rows)
+        results.NoteLarger(request.shape->literals, worthBytes);
+    else if (session.StampOf(*request.statement) == stamp)
+        results.Keep(request.shape->literals, stamp, std::move(rows), session.KeptLargeResults());
 }
 
-// Opens on the session's own tables. Says whether the rows are asked for often enough to be kept.
-bool OpenOwn(Session& session, const Request& request, const Stamp& stamp, Cursor& cursor) {
+// Opens on the session's own tables. Says up to which size the rows are worth keeping.
+std::size_t OpenOwn(Session& session, const Request& request, const Stamp& stamp, Cursor& cursor) {
     Engine& engine = session.OwnEngine();
     const bool watched = engine.Watch().Usable() && request.statement->translation.cacheable;
     KeptResults::Answer kept;
-    if (watched) kept = request.statement->results.Find(request.shape.literals, stamp);
+    if (watched) kept = request.statement->results.Find(request.shape->literals, stamp);
     if (kept.rows) {
         cursor.OpenStored(request.statement, std::move(kept.rows));
-        return false;
+        return 0;
     }
-    if (watched && OpenByLookup(session, request, stamp, cursor))
-        return kept.advice == KeptResults::Advice::Keep;
-    cursor.OpenRunning(engine, request.statement, request.shape.literals);
+    if (watched && OpenByLookup(session, request, stamp, cursor)) return kept.worthBytes;
+    cursor.OpenRunning(engine, request.statement, request.shape);
     cursor.Exists(0);
-    return kept.advice == KeptResults::Advice::Keep;
+    return kept.worthBytes;
 }
 
 void OpenExternal(const Request& request, Cursor& cursor) {
     cursor.Hold(request.external);
-    cursor.OpenRunning(*request.external, request.statement, request.shape.literals);
+    cursor.OpenRunning(*request.external, request.statement, request.shape);
     cursor.Exists(0);
 }
 
@@ -103,13 +106,14 @@ void Open(Session& session, const Request& request, Cursor& cursor) {
         return;
     }
     const Stamp stamp = session.StampOf(*request.statement);
-    const bool keep = OpenOwn(session, request, stamp, cursor);
-    if (keep && session.StampOf(*request.statement) == stamp) KeepResult(session, request, stamp, cursor);
+    const std::size_t worthBytes = OpenOwn(session, request, stamp, cursor);
+    if (worthBytes > 0 && session.StampOf(*request.statement) == stamp)
+        KeepResult(session, request, stamp, cursor, worthBytes);
 }
 
 // False when another process changed the design while the statement was being translated or started.
 bool TryOpen(Session& session, std::string_view sql, Cursor& cursor) {
-    const Request request = session.Prepare(sql);
+    const Request request = session.Prepare(session.Read(sql));
     if (request.statement->translation.kind != jetsql::StatementKind::Select) Throw(3219);
     try {
         Open(session, request, cursor);

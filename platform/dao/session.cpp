@@ -100,22 +100,32 @@ void Session::WriteEnded(std::string_view table, Work work) {
     ++state.writes;
     engine_->Watch().OwnWriteEnded();
     if (work == Work::Rows) return;
-    statements_.Forget(state);
+    statements_.Doubt(state);
     catalogue_.Forget(table);
     if (engine_->Watch().Epoch() == designEpoch_) designVersion_ = ReadDesignVersion();
 }
 
-Request Session::Prepare(std::string_view sql) {
+Draft Session::Read(std::string_view sql) {
+    Draft draft{sql, shapes_.Find(sql), nullptr};
+    if (!statements_.Find(draft.shape->key))
+        draft.parsed = std::make_shared<const jetsql::ParsedStatement>(jetsql::Parse(sql));
+    return draft;
+}
+
+Request Session::Prepare(Draft draft) {
     DesignChanged();
     Request request;
-    request.shape = jetsql::ShapeOf(sql);
-    request.statement = statements_.Find(request.shape.key);
-    if (request.statement) return request;
+    request.statement = FindTranslated(draft.shape->key);
+    if (request.statement) {
+        request.shape = std::move(draft.shape);
+        return request;
+    }
     ExternalTables externals;
     const EngineCatalogue::ExternalScope scope(catalogue_, externals);
-    request.statement = MakeStatement(jetsql::Translate(sql, catalogue_));
+    request.statement = Translate(draft);
+    request.shape = std::move(draft.shape);
     const jetsql::Translation& translation = request.statement->translation;
-    if (IsKept(translation)) statements_.Add(request.shape.key, request.statement);
+    if (IsKept(translation)) statements_.Add(request.shape->key, request.statement);
     if (externals.Empty()) return request;
     request.readsExternal = true;
     if (translation.tables.empty() && translation.target.empty())
@@ -125,9 +135,30 @@ Request Session::Prepare(std::string_view sql) {
     return request;
 }
 
-void Session::CheckSyntax(std::string_view sql) {
-    if (!statements_.Find(jetsql::ShapeOf(sql).key))
-        jetsql::Parser(sql, jetsql::Parser::Literals::Lifted).ParseStatement();
+// A translation holds for a table that was made anew with the design that it had before.
+std::shared_ptr<CachedStatement> Session::FindTranslated(const std::string& key) {
+    auto statement = statements_.Find(key);
+    if (!statement || !statement->doubted) return statement;
+    if (!HasSameDesigns(*statement)) {
+        statements_.Drop(key);
+        return nullptr;
+    }
+    statement->doubted = false;
+    return statement;
+}
+
+bool Session::HasSameDesigns(const CachedStatement& statement) {
+    for (std::size_t each = 0; each < statement.tables.size(); ++each) {
+        const auto design = catalogue_.FindDesign(statement.tables[each]->name);
+        if (!design || !statement.designs[each] || *design != *statement.designs[each]) return false;
+    }
+    return true;
+}
+
+std::shared_ptr<CachedStatement> Session::Translate(const Draft& draft) {
+    // What was known when the statement was read may have been forgotten since.
+    return MakeStatement(draft.parsed ? jetsql::Translate(*draft.parsed, catalogue_)
+                                      : jetsql::Translate(draft.sql, catalogue_));
 }
 
 std::shared_ptr<CachedStatement> Session::MakeStatement(jetsql::Translation translation) {
@@ -138,6 +169,8 @@ std::shared_ptr<CachedStatement> Session::MakeStatement(jetsql::Translation tran
     const std::string& target = statement->translation.target;
     if (!target.empty() && !statement->Reads(tables_.Of(target)))
         statement->tables.push_back(&tables_.Of(target));
+    for (const TableState* table : statement->tables)
+        statement->designs.push_back(catalogue_.FindDesign(table->name));
     KeepUsableLookups(*statement);
     return statement;
 }

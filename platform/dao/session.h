@@ -11,6 +11,7 @@
 #include "dao/database_file.h"
 #include "dao/engine.h"
 #include "dao/lookup_indexes.h"
+#include "dao/shape_cache.h"
 #include "dao/statement_cache.h"
 #include "dao/table_state.h"
 #include "jetsql/translator.h"
@@ -20,10 +21,17 @@ namespace daoengine {
 class RecordsetState;
 class QueryState;
 
+// A statement's text (UTF-8), which outlives it, with its shape, and its tree where the shape was new.
+struct Draft {
+    std::string_view sql;
+    std::shared_ptr<const jetsql::Shape> shape;
+    std::shared_ptr<const jetsql::ParsedStatement> parsed;
+};
+
 // A statement ready to run: its shape's translation, its own literals, and the engine on which it runs when
 // that is not the session's.
 struct Request {
-    jetsql::Shape shape;
+    std::shared_ptr<const jetsql::Shape> shape;
     std::shared_ptr<CachedStatement> statement;
     std::shared_ptr<Engine> external;
     bool readsExternal = false;
@@ -43,11 +51,11 @@ class Session {
     // The engine; a Jet file is converted for it.
     Engine& OwnEngine();
 
-    // Translates a statement (UTF-8), or finds it translated.
-    Request Prepare(std::string_view sql);
+    // Reads a statement; throws when no database could run it, whatever tables it has.
+    Draft Read(std::string_view sql);
 
-    // Throws for a statement that no database could run, whatever tables it has.
-    void CheckSyntax(std::string_view sql);
+    // Translates a statement, or finds it translated.
+    Request Prepare(Draft draft);
 
     // Whether another process has changed the design of the database since it was last asked. What was
     // translated before is forgotten then.
@@ -62,6 +70,7 @@ class Session {
 
     TableRegister& Tables() { return tables_; }
     LookupIndexes& Lookups() { return lookups_; }
+    LargeResults& KeptLargeResults() { return largeResults_; }
     EngineCatalogue& Catalogue() { return catalogue_; }
 
     void Enlist(RecordsetState& recordset) { recordsets_.push_back(&recordset); }
@@ -71,6 +80,9 @@ class Session {
     const std::vector<RecordsetState*>& OpenRecordsets() const { return recordsets_; }
 
   private:
+    std::shared_ptr<CachedStatement> FindTranslated(const std::string& key);
+    bool HasSameDesigns(const CachedStatement& statement);
+    std::shared_ptr<CachedStatement> Translate(const Draft& draft);
     std::shared_ptr<CachedStatement> MakeStatement(jetsql::Translation translation);
     void KeepUsableLookups(CachedStatement& statement);
     std::int64_t ReadDesignVersion();
@@ -79,9 +91,11 @@ class Session {
     std::optional<Engine> engine_;
     TableRegister tables_;
     EngineCatalogue catalogue_;
+    ShapeCache shapes_;
     StatementCache statements_;
     StatementPool versionReaders_;
     LookupIndexes lookups_;
+    LargeResults largeResults_;
     std::int64_t designVersion_ = 0;
     std::uint64_t designEpoch_ = 0;
     std::vector<RecordsetState*> recordsets_;

@@ -30,15 +30,17 @@ void StatementCache::Add(const std::string& key, std::shared_ptr<CachedStatement
     order_.pop_back();
 }
 
-void StatementCache::Forget(const TableState& table) {
-    for (auto entry = order_.begin(); entry != order_.end();) {
-        if (entry->second->Reads(table)) {
-            byKey_.erase(entry->first);
-            entry = order_.erase(entry);
-        } else {
-            ++entry;
-        }
-    }
+void StatementCache::Drop(const std::string& key) {
+    const auto found = byKey_.find(key);
+    if (found == byKey_.end()) return;
+    const auto entry = found->second;
+    byKey_.erase(found);
+    order_.erase(entry);
+}
+
+void StatementCache::Doubt(const TableState& table) {
+    for (const Entry& entry : order_)
+        if (entry.second->Reads(table)) entry.second->doubted = true;
 }
 
 void StatementCache::Clear() {

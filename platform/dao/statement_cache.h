@@ -19,6 +19,8 @@ namespace daoengine {
 struct CachedStatement {
     jetsql::Translation translation;
     std::vector<TableState*> tables;
+    std::vector<std::shared_ptr<const jet::Table>> designs;  // of the tables, as they were translated
+    bool doubted = false;                                    // a table's design may be another one by now
     StatementPool main;
     std::vector<StatementPool> byRow;  // one per lookup of the translation
     FieldNames fields;
@@ -36,8 +38,9 @@ class StatementCache {
 
     std::shared_ptr<CachedStatement> Find(const std::string& key);
     void Add(const std::string& key, std::shared_ptr<CachedStatement> statement);
-    // Drops the statements that name a table.
-    void Forget(const TableState& table);
+    void Drop(const std::string& key);
+    // Doubts the statements that name a table.
+    void Doubt(const TableState& table);
     void Clear();
     std::size_t Size() const { return order_.size(); }
 

@@ -32,11 +32,15 @@ struct Column {
     int precision = 0;      // Decimal only
     int scale = 0;          // Decimal only
     bool required = false;  // NOT NULL
+
+    bool operator==(const Column&) const = default;
 };
 
 struct IndexColumn {
     std::string name;
     bool descending = false;
+
+    bool operator==(const IndexColumn&) const = default;
 };
 
 struct Index {
@@ -46,12 +50,16 @@ struct Index {
     bool primary = false;
     bool ignoreNulls = false;
     bool required = false;
+
+    bool operator==(const Index&) const = default;
 };
 
 struct Table {
     std::string name;
     std::vector<Column> columns;
     std::vector<Index> indexes;
+
+    bool operator==(const Table&) const = default;
 };
 
 }  // namespace jet

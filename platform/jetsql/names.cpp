@@ -25,8 +25,16 @@ std::size_t CharacterCount(std::string_view text) {
 }
 
 bool IsNameCharacter(char c) {
-    return static_cast<unsigned char>(c) >= 0x20 &&
-           std::string_view(".!`[]").find(c) == std::string_view::npos;
+    switch (c) {
+        case '.':
+        case '!':
+        case '`':
+        case '[':
+        case ']':
+            return false;
+        default:
+            return static_cast<unsigned char>(c) >= 0x20;
+    }
 }
 
 }  // namespace
@@ -42,7 +50,7 @@ std::string FoldedName(std::string_view name) {
 void CheckName(std::string_view name) {
     if (name.empty() || name.front() == ' ' || name.back() == ' ')
         Fail(kBadBracketing, "Invalid bracketing of a name.");
-    if (CharacterCount(name) > kLongestName)
+    if (name.size() > kLongestName && CharacterCount(name) > kLongestName)
         Fail(kBadName, "'" + std::string(name) + "' is too long for a name.");
     for (char c : name) {
         if (!IsNameCharacter(c))

@@ -151,6 +151,14 @@ Statement Parser::ParseStatement() {
     return statement;
 }
 
+ParsedStatement Parse(std::string_view statement) {
+    Parser parser(statement, Parser::Literals::Lifted);
+    ParsedStatement parsed;
+    parsed.tree = parser.ParseStatement();
+    parsed.literals = parser.LiteralCount();
+    return parsed;
+}
+
 SelectPtr Parser::ParseQuery() {
     if (!Is(Keyword::Select)) FailHere();
     SelectPtr select = ParseSelect();

@@ -8,6 +8,15 @@
 
 namespace jetsql {
 
+// A statement's tree, and the number of literals lifted out of its text.
+struct ParsedStatement {
+    Statement tree;
+    std::size_t literals = 0;
+};
+
+// Parses a statement of the dialect.
+ParsedStatement Parse(std::string_view statement);
+
 // Recursive descent over one statement. Nesting is bounded, so that neither this program's stack nor SQLite's
 // parser runs out (3360).
 class Parser {

@@ -27,13 +27,15 @@ struct Dispatcher {
 }  // namespace
 
 Translation Translate(std::string_view statement, Catalogue& catalogue) {
-    Parser parser(statement, Parser::Literals::Lifted);
-    const Statement tree = parser.ParseStatement();
+    return Translate(Parse(statement), catalogue);
+}
+
+Translation Translate(const ParsedStatement& statement, Catalogue& catalogue) {
     Translation result;
     Binding binding(catalogue, result);
-    binding.literals = parser.LiteralCount();
+    binding.literals = statement.literals;
     if (binding.literals > kMostParameters) Fail(kTooComplex, "Query is too complex.");
-    std::visit(Dispatcher{binding}, tree);
+    std::visit(Dispatcher{binding}, statement.tree);
     binding.RefuseUnknown();
     if (result.sql.size() > kLongestText) Fail(kTooComplex, "Query is too complex.");
     return result;

@@ -120,6 +120,10 @@ struct Translation {
 // ambiguous …
 Translation Translate(std::string_view statement, Catalogue& catalogue);
 
+// The same for a statement that is parsed already (jetsql/parser.h).
+struct ParsedStatement;
+Translation Translate(const ParsedStatement& statement, Catalogue& catalogue);
+
 // Printed statements use SQL functions and a collation that the engine registers on each connection it opens:
 // RegisterFunctions of jetsql/functions.h.
 

@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <cstdint>
+#include <cstring>
+
 namespace {
 
 std::wstring Widen(UINT codePage, std::string_view text) {
@@ -24,9 +27,18 @@ std::string Shorten(UINT codePage, const std::wstring& wide) {
 }
 
 bool IsAscii(std::string_view text) {
-    for (const char character : text)
-        if (static_cast<unsigned char>(character) >= 0x80) return false;
-    return true;
+    constexpr std::uint64_t kHighBits = 0x8080808080808080U;
+    const char* at = text.data();
+    std::size_t left = text.size();
+    std::uint64_t all = 0;
+    for (; left >= sizeof all; at += sizeof all, left -= sizeof all) {
+        std::uint64_t word;
+        std::memcpy(&word, at, sizeof word);
+        all |= word;
+    }
+    for (; left > 0; ++at, --left)
+        all |= static_cast<unsigned char>(*at);
+    return (all & kHighBits) == 0;
 }
 
 }  // namespace
@@ -37,4 +49,12 @@ std::string NarrowFromUtf8(std::string_view text) {
 
 std::string Utf8FromNarrow(std::string_view text) {
     return IsAscii(text) ? std::string(text) : Shorten(CP_UTF8, Widen(CP_ACP, text));
+}
+
+std::string_view NarrowFromUtf8(std::string_view text, std::string& storage) {
+    return IsAscii(text) ? text : storage = NarrowFromUtf8(text);
+}
+
+std::string_view Utf8FromNarrow(std::string_view text, std::string& storage) {
+    return IsAscii(text) ? text : storage = Utf8FromNarrow(text);
 }

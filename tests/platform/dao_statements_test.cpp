@@ -186,6 +186,39 @@ TEST_F(DaoStatementsTest, LookupsSeeEveryChange) {
     EXPECT_EQ(Rows("SELECT * FROM [numbers] WHERE [name] = 1234"), Texts{"else|1234"});
 }
 
+// Whole tables stay in memory after some readings, for as long as nobody writes them.
+TEST_F(DaoStatementsTest, RepeatedReadingsOfAWholeTableSeeEveryChange) {
+    constexpr int kRows = 2000;
+    MakeNumbers(kRows);
+    CDaoDatabase second;
+    second.Open(Path().c_str());
+    std::size_t rows = kRows;
+    for (int round = 0; round < 8; ++round)
+        for (CDaoDatabase* writer : {&database, &second}) {
+            writer->Execute("INSERT INTO [numbers] ([id],[name]) VALUES (-1,\"new\")");
+            ++rows;
+            for (int reading = 0; reading < round % 4 + 1; ++reading) {
+                EXPECT_EQ(Rows("SELECT * FROM [numbers]").size(), rows);
+                EXPECT_EQ(Rows("SELECT * FROM [numbers] ORDER BY [id]").front(), "-1|new");
+            }
+        }
+}
+
+TEST_F(DaoStatementsTest, ATableMadeAnewIsWrittenAsItIsNow) {
+    for (const char* made :
+         {"CREATE TABLE [t] ([a] LONG, [b] TEXT(3))", "CREATE TABLE [t] ([a] LONG, [b] TEXT(3))",
+          "CREATE TABLE [t] ([b] TEXT(9), [a] LONG)", "SELECT 1 AS [a], \"\" AS [b] INTO [t]",
+          "CREATE TABLE [t] ([a] LONG, [b] TEXT(3), [c] LONG)"}) {
+        Run(made);
+        const bool narrow = std::string(made).find("TEXT(3)") != std::string::npos;
+        Run({"DELETE * FROM [t]", "INSERT INTO [t] ([a],[b]) VALUES (1,\"one\")"});
+        EXPECT_EQ(ErrorOfRun("UPDATE [t] SET [b] = \"longer\" WHERE [a] = 1"), narrow ? 3163 : 0) << made;
+        EXPECT_EQ(Rows("SELECT [b], [a] FROM [t]"), Texts{narrow ? "one|1" : "longer|1"}) << made;
+        Run("DROP TABLE [t]");
+        EXPECT_EQ(ErrorOfRun("DELETE * FROM [t]"), 3078);
+    }
+}
+
 TEST_F(DaoStatementsTest, LookupsGiveTheRowsOfAPlainReading) {
     Run({"CREATE TABLE [t] ([n] DOUBLE, [s] TEXT(20), [rowid] LONG, [order] LONG)"});
     const char* const kValues[] = {"0,\"Straße\",9,1",   "1.5,\"STRASSE\",8,2", "1.5,\"Äpfel\",7,3",
