@@ -88,13 +88,17 @@ void IndexKeys(const PlainDatabase& plain) {
 }
 
 // One stage for all getters: making the large tables takes longer than measuring them.
-const PlainDatabase& LargeTables() {
+const Stage& LargeStage() {
     static Stage* stage = nullptr;
     if (stage == nullptr) {
         stage = new Stage(MakeLargeTables);
         IndexKeys(stage->Plain());
     }
-    return stage->Plain();
+    return *stage;
+}
+
+const PlainDatabase& LargeTables() {
+    return LargeStage().Plain();
 }
 
 // A host asks for one key after another; neighbours are far apart so that nothing at hand helps.
@@ -164,7 +168,8 @@ void Alarm(benchmark::State& state, int rows) {
 }
 
 template <class Record, class Library, class Plain>
-void Bulk(benchmark::State& state, int count, Library library, Plain plain) {
+void Bulk(benchmark::State& state, int count, Library library, Plain plain,
+          const std::function<void()>& before = {}) {
     const auto size = static_cast<std::size_t>(count);
     std::vector<Record> a(size);
     std::vector<Record> b(size);
@@ -174,10 +179,10 @@ void Bulk(benchmark::State& state, int count, Library library, Plain plain) {
         state.SkipWithError("the two sides give different records");
         return;
     }
-    Measure(state, {[&] { library(a.data()); }, [&] { plain(b.data()); }, kBulkBudget});
+    Measure(state, {[&] { library(a.data()); }, [&] { plain(b.data()); }, kBulkBudget, 1, before, {}});
 }
 
-void UserParameters(benchmark::State& state, int axis, int count) {
+void UserParameters(benchmark::State& state, int axis, int count, const std::function<void()>& before = {}) {
     PlainGetters getters(LargeTables());
     const auto number = static_cast<std::int16_t>(axis);
     Bulk<KaloUserParameter>(
@@ -186,7 +191,12 @@ void UserParameters(benchmark::State& state, int axis, int count) {
             Check(KaloGetAllUParaInfo(number, static_cast<std::int16_t>(count), records),
                   "KaloGetAllUParaInfo");
         },
-        [&](auto* records) { getters.UserParameters(axis, count, records); });
+        [&](auto* records) { getters.UserParameters(axis, count, records); }, before);
+}
+
+// What the library has kept of earlier calls does not hold.
+void UserParametersAnew(benchmark::State& state, int axis, int count) {
+    UserParameters(state, axis, count, [] { LargeStage().ChangeByOthers(); });
 }
 
 void Monitors(benchmark::State& state, int axis, int count) {
@@ -267,6 +277,14 @@ BENCHMARK_CAPTURE(UserParameters, 2000_rows, 2, 2'000)
     ->UseManualTime();
 BENCHMARK_CAPTURE(UserParameters, 20000_rows, 20, 20'000)
     ->Name("KaloGetAllUParaInfo, 20,000 rows")
+    ->Iterations(kLongTurns)
+    ->UseManualTime();
+BENCHMARK_CAPTURE(UserParametersAnew, sample, kAxis, 485)
+    ->Name("KaloGetAllUParaInfo, sample, file just changed")
+    ->Iterations(kTurns)
+    ->UseManualTime();
+BENCHMARK_CAPTURE(UserParametersAnew, 20000_rows, 20, 20'000)
+    ->Name("KaloGetAllUParaInfo, 20,000, file just changed")
     ->Iterations(kLongTurns)
     ->UseManualTime();
 BENCHMARK_CAPTURE(Monitors, sample, kAxis, 160)

@@ -44,6 +44,11 @@ void Stage::Reopen() {
     plain_.emplace(PlainFile());
 }
 
+void Stage::ChangeByOthers() const {
+    for (const fs::path& file : {WorkingFile(), PlainFile()})
+        PlainDatabase(file).Run("UPDATE tablemanager SET axis_num = axis_num WHERE axis_num = 1");
+}
+
 std::string Stage::Differences(int axis) const {
     const PlainDatabase database(PlainFile());
     database.Run("ATTACH '" + WorkingFile().string() + "' AS library");

@@ -43,6 +43,9 @@ class Stage {
     const PlainDatabase& Plain() const { return *plain_; }
     // Ends and begins both sessions, which forget what they kept.
     void Reopen();
+    // Writes a row of either file as another program would: nothing that either side keeps of it holds any
+    // more.
+    void ChangeByOthers() const;
     // What differs between the library's tables of an axis and those of the plain file; empty when nothing
     // does.
     std::string Differences(int axis) const;
