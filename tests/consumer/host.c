@@ -15,7 +15,7 @@ int main(void) {
     faults += expect("KaloModelTableSelect(5)", KaloModelTableSelect(5), 0x2BFF06BA);
     faults += expect("KaloModelTableSelect(2)", KaloModelTableSelect(2), 0);
     faults += expect("KaloCheckTraceID", KaloCheckTraceID(1, 1, 0, 0, 2, 0, 0, &different), 0);
-    faults += expect("KaloOpen", KaloOpen(0), 0x2B010000 + 3024);
+    faults += expect("KaloOpen", KaloOpen(0), 0x2B010000 + 3044); /* no such folder */
     faults += expect("KaloClose", KaloClose(), 0);
     return faults;
 }
