@@ -107,6 +107,17 @@ jetsql::Catalogue::ExternalTable EngineCatalogue::FindExternalTable(std::string_
     return externals_->Read(name, path, connect);
 }
 
+// The columns become what a later reading of their declarations would give.
+void EngineCatalogue::NoteMade(const jet::Table& table) {
+    jet::Table design;
+    design.name = table.name;
+    for (const jet::Column& column : table.columns)
+        design.columns.push_back(jetsql::ColumnFromDeclaration(column.name, jetsql::DeclaredType(column)));
+    if (namesRead_)
+        tables_[jetsql::FoldedName(table.name)] = {table.name,
+                                                   std::make_shared<const jet::Table>(std::move(design))};
+}
+
 void EngineCatalogue::NoteTable(const std::string& name) {
     if (namesRead_) tables_[jetsql::FoldedName(name)] = {name, nullptr};
 }

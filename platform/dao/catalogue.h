@@ -26,7 +26,8 @@ class EngineCatalogue final : public jetsql::Catalogue {
     ExternalTable FindExternalTable(std::string_view name, std::string_view path,
                                     std::string_view connect) override;
 
-    // Notes that a table was made, altered or dropped.
+    // Notes that a table was made without indexes, was made or altered in another way, or dropped.
+    void NoteMade(const jet::Table& table);
     void NoteTable(const std::string& name);
     void NoteDropped(const std::string& name);
     // Forgets what is known of one table, or everything, when the design may have changed.

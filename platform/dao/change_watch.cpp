@@ -74,14 +74,16 @@ ChangeWatch::Header ChangeWatch::Read() const {
     return header;
 }
 
+bool ChangeWatch::Differs() const {
+    for (std::size_t word = 0; word < kWords; ++word)
+        if (header_[word] != seen_[word]) return true;
+    return false;
+}
+
 std::uint64_t ChangeWatch::Epoch() {
-    if (header_ == nullptr) return epoch_;
-    const Header now = Read();
-    if (now != seen_) {
-        seen_ = now;
-        ++epoch_;
-    }
-    return epoch_;
+    if (header_ == nullptr || !Differs()) return epoch_;
+    seen_ = Read();
+    return ++epoch_;
 }
 
 void ChangeWatch::OwnWriteBegins() {

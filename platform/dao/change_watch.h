@@ -35,6 +35,7 @@ class ChangeWatch {
     using Header = std::array<std::uint32_t, kWords>;
 
     Header Read() const;
+    bool Differs() const;  // from the header seen last
     static int OnCommit(void* self, sqlite3* engine, const char* name, int pages);
 
     const volatile std::uint32_t* header_ = nullptr;

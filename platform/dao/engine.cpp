@@ -114,8 +114,27 @@ std::int64_t Engine::Number(const std::string& sql) {
     return statement.Step() ? sqlite3_column_int64(statement.Handle(), 0) : 0;
 }
 
+namespace {
+
+void RunPooled(Engine& engine, StatementPool& pool, const std::string& sql) {
+    Statement statement = pool.Take(engine, sql);
+    while (statement.Step()) {
+    }
+    pool.Return(std::move(statement));
+}
+
+}  // namespace
+
+void Engine::BeginSavepoint() {
+    RunPooled(*this, savepointBeginners_, "SAVEPOINT change");
+}
+
+void Engine::ReleaseSavepoint() {
+    RunPooled(*this, savepointReleasers_, "RELEASE change");
+}
+
 Savepoint::Savepoint(Engine& engine) : engine_(engine) {
-    engine_.Run("SAVEPOINT change");
+    engine_.BeginSavepoint();
 }
 
 Savepoint::~Savepoint() {
@@ -124,7 +143,7 @@ Savepoint::~Savepoint() {
 }
 
 void Savepoint::Release() {
-    engine_.Run("RELEASE change");
+    engine_.ReleaseSavepoint();
     released_ = true;
 }
 

@@ -72,6 +72,10 @@ class Engine {
     ChangeWatch& Watch() { return watch_; }
     StatementPool& SnapshotReaders() { return snapshotReaders_; }
 
+    // Begins and ends a savepoint that is not nested in another.
+    void BeginSavepoint();
+    void ReleaseSavepoint();
+
     // Runs a statement that gives no rows.
     void Run(const std::string& sql, Work work = Work::Rows);
     // The first column of the first row.
@@ -83,6 +87,8 @@ class Engine {
     RunMeter meter_;
     ChangeWatch watch_;
     StatementPool snapshotReaders_;
+    StatementPool savepointBeginners_;
+    StatementPool savepointReleasers_;
 };
 
 // Several statements that take effect together or not at all.

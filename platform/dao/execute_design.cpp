@@ -78,6 +78,8 @@ bool NeedsTableAlone(StatementKind kind) {
 void Note(EngineCatalogue& catalogue, const jetsql::Translation& translation) {
     if (translation.kind == StatementKind::DropTable)
         catalogue.NoteDropped(translation.target);
+    else if (translation.kind == StatementKind::SelectInto)
+        catalogue.NoteMade(translation.definition);
     else
         catalogue.NoteTable(translation.target);
 }

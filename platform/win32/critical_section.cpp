@@ -1,4 +1,4 @@
-#include <condition_variable>
+#include <atomic>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -7,44 +7,41 @@
 
 namespace {
 
-// A lock that knows its owner, so that every misuse is harmless.
+// A lock that knows its owner, so that every misuse is harmless. A thread that reads its own id from `owner_`
+// owns the lock, whatever others are doing.
 class RecursiveLock {
   public:
     void Enter() {
-        std::unique_lock guard(guard_);
-        const std::thread::id caller = std::this_thread::get_id();
-        if (owner_ != caller) released_.wait(guard, [this] { return depth_ == 0; });
-        owner_ = caller;
+        if (!IsOwn()) {
+            mutex_.lock();
+            owner_.store(std::this_thread::get_id(), std::memory_order_relaxed);
+        }
         ++depth_;
     }
 
     bool TryEnter() {
-        const std::lock_guard guard(guard_);
-        const std::thread::id caller = std::this_thread::get_id();
-        if (depth_ > 0 && owner_ != caller) return false;
-        owner_ = caller;
+        if (!IsOwn()) {
+            if (!mutex_.try_lock()) return false;
+            owner_.store(std::this_thread::get_id(), std::memory_order_relaxed);
+        }
         ++depth_;
         return true;
     }
 
     void Leave() {
-        const std::lock_guard guard(guard_);
-        if (depth_ == 0 || owner_ != std::this_thread::get_id()) return;
-        if (--depth_ > 0) return;
-        owner_ = {};
-        released_.notify_one();
+        if (!IsOwn() || --depth_ > 0) return;
+        owner_.store({}, std::memory_order_relaxed);
+        mutex_.unlock();
     }
 
-    bool IsHeld() {
-        const std::lock_guard guard(guard_);
-        return depth_ > 0;
-    }
+    bool IsHeld() const { return owner_.load(std::memory_order_relaxed) != std::thread::id(); }
 
   private:
-    std::mutex guard_;
-    std::condition_variable released_;
-    std::thread::id owner_;
-    unsigned depth_ = 0;
+    bool IsOwn() const { return owner_.load(std::memory_order_relaxed) == std::this_thread::get_id(); }
+
+    std::mutex mutex_;
+    std::atomic<std::thread::id> owner_;
+    unsigned depth_ = 0;  // the owner's alone
 };
 
 // Locks that were deleted while held. Other threads may still wait in them, so they live on.
