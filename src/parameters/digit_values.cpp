@@ -44,8 +44,9 @@ Status LocaliseValues(const OnDaoError& onError, const char* statement, std::uin
     Status status = kOk;
     for (std::uint16_t i = first; status == kOk && i < array.filled; ++i) {
         KaloDigitValue& value = array.values[i];
+        const std::int32_t nameId = value.content_name_id;
         status = Locked(onError, [&] {
-            Rows rows(Sql(statement, countryId, value.content_name_id));
+            Rows rows(Sql(statement, countryId, nameId));
             if (!rows.Empty()) rows.Text("name_str", value.name);
             return kOk;
         });

@@ -77,11 +77,11 @@ Status DescribeDigits(const DigitGetter& getter, std::int32_t axis,
         status = ReadDigitName(getter, countryId, nameIds[i], records[i]);
     }
     for (std::size_t i = 0; status == kOk && i < nameIds.size(); ++i) {
+        const std::int32_t contentId = records[i].content_id;
         std::uint16_t valueCount = 0;
-        status =
-            CountRows(DaoCode(getter.valuesFailed),
-                      Sql("SELECT * FROM [nibble_ex_content] WHERE [content_id]= %d ", records[i].content_id),
-                      &valueCount);
+        status = CountRows(DaoCode(getter.valuesFailed),
+                           Sql("SELECT * FROM [nibble_ex_content] WHERE [content_id]= %d ", contentId),
+                           &valueCount);
         records[i].value_count = valueCount;
     }
     return status;
