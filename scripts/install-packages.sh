@@ -15,7 +15,9 @@ declare -A groups=(
 wanted=()
 for group in "$@"; do
     for package in ${groups[$group]}; do
-        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || wanted+=("$package")
+        # A command of the package's name, wherever it comes from, will do.
+        command -v "$package" >/dev/null || dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' ||
+            wanted+=("$package")
     done
 done
 [ ${#wanted[@]} -gt 0 ] || exit 0

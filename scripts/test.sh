@@ -45,7 +45,7 @@ run_tsan() {
 run_fuzz() {
     step "fuzzers, ${KALO_FUZZ_SECONDS:-20} s each"
     scripts/install-packages.sh build fuzz
-    build fuzz
+    build fuzz fuzz/all
     scripts/fuzz.sh "${KALO_FUZZ_SECONDS:-20}"
 }
 
