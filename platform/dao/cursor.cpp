@@ -34,6 +34,13 @@ void Cursor::OpenRunning(Engine& engine, std::shared_ptr<CachedStatement> shape,
     Start(engine, shape_->main, shape_->translation.sql);
 }
 
+void Cursor::OpenAsStored(Engine& engine, std::shared_ptr<CachedStatement> shape,
+                          std::shared_ptr<const jetsql::Shape> asked) {
+    shape_ = std::move(shape);
+    asked_ = std::move(asked);
+    Start(engine, shape_->storageOrder.Readers(), shape_->translation.storedOrder->sql);
+}
+
 void Cursor::OpenOnRow(Engine& engine, std::shared_ptr<CachedStatement> shape,
                        std::shared_ptr<const jetsql::Shape> asked, std::size_t lookup, std::int64_t row) {
     shape_ = std::move(shape);

@@ -41,6 +41,9 @@ class Cursor {
     // row.
     void OpenRunning(Engine& engine, std::shared_ptr<CachedStatement> shape,
                      std::shared_ptr<const jetsql::Shape> asked);
+    // The same on a table whose rows are stored in the order that the shape asks for.
+    void OpenAsStored(Engine& engine, std::shared_ptr<CachedStatement> shape,
+                      std::shared_ptr<const jetsql::Shape> asked);
     void OpenOnRow(Engine& engine, std::shared_ptr<CachedStatement> shape,
                    std::shared_ptr<const jetsql::Shape> asked, std::size_t lookup, std::int64_t row);
     // Something that has to live as long as the rows.
@@ -59,7 +62,8 @@ class Cursor {
 
     // A column of a row that exists.
     FieldView Field(std::int64_t row, int column) {
-        if (rows_) return rows_->At(row, column);
+        if (rows_) [[unlikely]]
+            return rows_->At(row, column);
         if (at_ != row) Seek(row);
         return FieldOf(statement_.Handle(), column);
     }

@@ -110,7 +110,7 @@ void CDaoRecordset::GetFieldValue(LPCTSTR name, COleVariant& value) {
     Guard([&] {
         seam::Pass(seam::Call::ReadField);
         RecordsetState& state = OpenState(*state_);
-        state.FieldValue(state.ColumnOf(name == nullptr ? "" : name), value);
+        state.FieldValue(state.ColumnOf(name), value);
     });
 }
 

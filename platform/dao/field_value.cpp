@@ -24,12 +24,6 @@ BSTR AllocateText(std::string_view text) {
     return allocated;
 }
 
-void StoreText(const FieldView& field, VARIANT& variant) {
-    std::string storage;
-    variant.bstrVal = AllocateText(NarrowFromUtf8(field.bytes, storage));
-    variant.vt = VT_BSTR;
-}
-
 void StoreBytes(const FieldView& field, VARIANT& variant) {
     SAFEARRAY* array = SafeArrayCreateVector(VT_UI1, 0, static_cast<ULONG>(field.bytes.size()));
     void* data = nullptr;
@@ -90,13 +84,16 @@ void StoreNumber(const FieldView& field, jet::Type type, VARIANT& variant) {
 
 }  // namespace
 
-void StoreField(const FieldView& field, const jetsql::OutputColumn& column, VARIANT& variant) {
+void StoreText(std::string_view text, VARIANT& variant) {
+    std::string storage;
     variant.llVal = 0;
-    if (field.kind == FieldView::Kind::Null)
-        variant.vt = VT_NULL;
-    else if (field.kind == FieldView::Kind::Text)
-        StoreText(field, variant);
-    else if (field.kind == FieldView::Kind::Blob)
+    variant.bstrVal = AllocateText(NarrowFromUtf8(text, storage));
+    variant.vt = VT_BSTR;
+}
+
+void StoreOtherField(FieldView field, const jetsql::OutputColumn& column, VARIANT& variant) {
+    variant.llVal = 0;
+    if (field.kind == FieldView::Kind::Blob)
         StoreBytes(field, variant);
     else if (column.type == jet::Type::Decimal)
         StoreDecimal(field, column.scale, variant);

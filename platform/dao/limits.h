@@ -27,11 +27,8 @@ constexpr std::int64_t kStatementMemory = 256LL * 1024 * 1024;
 // Memory for the rows of one recordset that had to be fetched ahead.
 constexpr std::size_t kStoredBytes = 128U * 1024 * 1024;
 
-// A result that is asked for again stays in memory while its tables are unchanged: a small one with its
-// statement, of others as many as fit into one bound.
-constexpr std::size_t kSmallResultBytes = 4 * 1024;
-constexpr std::size_t kLargeResultBytes = 16U * 1024 * 1024;
-constexpr std::size_t kLargeResultsBytes = 32U * 1024 * 1024;
+// A result that is asked for again and is no larger than this stays in memory while its tables are unchanged.
+constexpr std::size_t kKeptResultBytes = 4 * 1024;
 constexpr std::size_t kKeptResultsPerStatement = 16;
 
 // Lookups of a column by value before the column is indexed in memory, rows that a lookup fetches one by one,

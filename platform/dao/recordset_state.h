@@ -49,7 +49,7 @@ class RecordsetState {
     int ColumnCount() const;
 
     // The current row's value; throws 3021 when there is no current row.
-    void FieldValue(int column, VARIANT& variant) {
+    [[gnu::always_inline]] void FieldValue(int column, VARIANT& variant) {
         if (place_ != Place::OnRow) Throw(3021);
         StoreField(cursor_.Field(row_, column), Column(column), variant);
     }

@@ -67,31 +67,42 @@ bool OpenByLookup(Session& session, const Request& request, const Stamp& stamp, 
     return false;
 }
 
-// Keeps rows that are asked for often enough, if they are not larger than pays.
-void KeepResult(Session& session, const Request& request, const Stamp& stamp, Cursor& cursor,
-                std::size_t worthBytes) {
-    KeptResults& results = request.statement->results;
-    auto rows = cursor.StoreSmall(worthBytes);
-    if (!rows)
-        results.NoteLarger(request.shape->literals, worthBytes);
-    else if (session.StampOf(*request.statement) == stamp)
-        results.Keep(request.shape->literals, stamp, std::move(rows), session.KeptLargeResults());
+// Opens without sorting on rows that are stored in order, as they were at the moment of the stamp; false when
+// they are not.
+bool OpenAsStored(Session& session, const Request& request, const Stamp& stamp, Cursor& cursor) {
+    CachedStatement& statement = *request.statement;
+    const auto& asked = statement.translation.storedOrder;
+    if (!asked) return false;
+    Engine& engine = session.OwnEngine();
+    if (!statement.storageOrder.IsTheOneOf(engine, *asked, request.shape->literals, stamp)) return false;
+    cursor.OpenAsStored(engine, request.statement, request.shape);
+    cursor.Exists(0);
+    if (session.StampOf(statement) == stamp) return true;
+    cursor.Close();
+    return false;
 }
 
-// Opens on the session's own tables. Says up to which size the rows are worth keeping.
-std::size_t OpenOwn(Session& session, const Request& request, const Stamp& stamp, Cursor& cursor) {
+void KeepResult(Session& session, const Request& request, const Stamp& stamp, Cursor& cursor) {
+    auto rows = cursor.StoreSmall(limits::kKeptResultBytes);
+    if (session.StampOf(*request.statement) == stamp)
+        request.statement->results.Keep(request.shape->literals, stamp, std::move(rows));
+}
+
+// Opens on the session's own tables. Says whether the rows are asked for often enough to be kept.
+bool OpenOwn(Session& session, const Request& request, const Stamp& stamp, Cursor& cursor) {
     Engine& engine = session.OwnEngine();
     const bool watched = engine.Watch().Usable() && request.statement->translation.cacheable;
     KeptResults::Answer kept;
     if (watched) kept = request.statement->results.Find(request.shape->literals, stamp);
     if (kept.rows) {
         cursor.OpenStored(request.statement, std::move(kept.rows));
-        return 0;
+        return false;
     }
-    if (watched && OpenByLookup(session, request, stamp, cursor)) return kept.worthBytes;
+    if (watched && OpenByLookup(session, request, stamp, cursor)) return kept.worthKeeping;
+    if (watched && OpenAsStored(session, request, stamp, cursor)) return kept.worthKeeping;
     cursor.OpenRunning(engine, request.statement, request.shape);
     cursor.Exists(0);
-    return kept.worthBytes;
+    return kept.worthKeeping;
 }
 
 void OpenExternal(const Request& request, Cursor& cursor) {
@@ -106,9 +117,8 @@ void Open(Session& session, const Request& request, Cursor& cursor) {
         return;
     }
     const Stamp stamp = session.StampOf(*request.statement);
-    const std::size_t worthBytes = OpenOwn(session, request, stamp, cursor);
-    if (worthBytes > 0 && session.StampOf(*request.statement) == stamp)
-        KeepResult(session, request, stamp, cursor, worthBytes);
+    const bool keep = OpenOwn(session, request, stamp, cursor);
+    if (keep && session.StampOf(*request.statement) == stamp) KeepResult(session, request, stamp, cursor);
 }
 
 // False when another process changed the design while the statement was being translated or started.

@@ -70,7 +70,6 @@ class Session {
 
     TableRegister& Tables() { return tables_; }
     LookupIndexes& Lookups() { return lookups_; }
-    LargeResults& KeptLargeResults() { return largeResults_; }
     EngineCatalogue& Catalogue() { return catalogue_; }
 
     void Enlist(RecordsetState& recordset) { recordsets_.push_back(&recordset); }
@@ -95,7 +94,6 @@ class Session {
     StatementCache statements_;
     StatementPool versionReaders_;
     LookupIndexes lookups_;
-    LargeResults largeResults_;
     std::int64_t designVersion_ = 0;
     std::uint64_t designEpoch_ = 0;
     std::vector<RecordsetState*> recordsets_;

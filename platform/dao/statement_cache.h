@@ -10,6 +10,7 @@
 #include "dao/engine.h"
 #include "dao/field_names.h"
 #include "dao/kept_results.h"
+#include "dao/storage_order.h"
 #include "dao/table_state.h"
 #include "jetsql/translator.h"
 
@@ -23,6 +24,7 @@ struct CachedStatement {
     bool doubted = false;                                    // a table's design may be another one by now
     StatementPool main;
     std::vector<StatementPool> byRow;  // one per lookup of the translation
+    StorageOrder storageOrder;
     FieldNames fields;
     KeptResults results;
 

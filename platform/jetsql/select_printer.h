@@ -38,6 +38,9 @@ struct SelectText {
     // The statement itself.
     std::string Ordered() const;
 
+    // The same without sorting, for rows of one whole table that are to be sorted.
+    std::optional<StoredOrder> InStoredOrder() const;
+
     // As a sub-query, where the order matters to TOP alone.
     std::string Unordered() const;
 
@@ -48,6 +51,7 @@ struct SelectText {
     std::string Plain() const;
 
   private:
+    bool SortsByRow() const { return !top && ownKeys > 0 && !rowSource.empty(); }
     std::string Source() const;
     std::string Ranked(bool keys) const;
     std::string SortedByRow() const;

@@ -89,13 +89,28 @@ std::string SelectText::SortedByRow() const {
 }
 
 std::string SelectText::Ordered() const {
-    if (!top && ownKeys > 0 && !rowSource.empty()) return SortedByRow();
+    if (SortsByRow()) return SortedByRow();
     if (!top) return Plain() + OrderClause(order);
     if (ownKeys == 0) return Plain() + OrderClause(order) + " LIMIT " + std::to_string(*top);
     std::vector<OrderKey> keys;
     for (std::size_t i = 0; i < order.size(); ++i)
         keys.push_back({"k" + std::to_string(i + 1), order[i].descending});
     return Ranked(false) + OrderClause(keys);
+}
+
+std::optional<StoredOrder> SelectText::InStoredOrder() const {
+    if (!SortsByRow() || !where.empty()) return std::nullopt;
+    const std::string storageOrder = " ORDER BY " + rowid;
+    StoredOrder stored;
+    SelectText keys = *this;
+    keys.items.clear();
+    for (std::size_t i = 0; i < ownKeys; ++i) {
+        keys.items.emplace_back().sql = order[i].sql;
+        stored.descending.push_back(order[i].descending);
+    }
+    stored.sql = Plain() + storageOrder;
+    stored.sqlKeys = keys.Plain() + storageOrder;
+    return stored;
 }
 
 std::string SelectText::Unordered() const {

@@ -83,6 +83,13 @@ struct EqualityLookup {
                            // after the last literal; no ORDER BY
 };
 
+// A SELECT of a whole table in an order of its own, where the rows may happen to be stored in that order.
+struct StoredOrder {
+    std::string sql;      // the same SELECT in storage order
+    std::string sqlKeys;  // the keys of the order, the first one first, of all rows in storage order
+    std::vector<bool> descending;
+};
+
 struct Translation {
     StatementKind kind = StatementKind::Select;
 
@@ -105,6 +112,7 @@ struct Translation {
     std::vector<std::string> tables;
 
     std::vector<EqualityLookup> lookups;
+    std::optional<StoredOrder> storedOrder;
 
     // False when the text depends on more than the shape and the tables named: an external table, or the
     // absence of the table that a definition or SELECT … INTO makes.

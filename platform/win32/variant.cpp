@@ -1,5 +1,6 @@
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 #include "windows.h"
 
@@ -13,6 +14,35 @@ struct alignas(std::max_align_t) TextHeader {
 
 TextHeader* HeaderOf(BSTR text) {
     return reinterpret_cast<TextHeader*>(text) - 1;
+}
+
+// A text is mostly freed before the next one is made: a thread keeps the memory of the last short one for the
+// next. All short texts take the same room.
+constexpr std::size_t kShortText = 240;
+
+class Spare {
+  public:
+    ~Spare() { std::free(std::exchange(memory_, nullptr)); }
+
+    void* Take() {
+        void* const memory = std::exchange(memory_, nullptr);
+        return memory != nullptr ? memory : std::malloc(sizeof(TextHeader) + kShortText);
+    }
+    void Return(void* memory) {
+        if (memory_ == nullptr)
+            memory_ = memory;
+        else
+            std::free(memory);
+    }
+
+  private:
+    void* memory_ = nullptr;
+};
+
+[[gnu::tls_model("initial-exec")]] thread_local Spare spare;
+
+void* Allocate(std::size_t textBytes) {
+    return textBytes <= kShortText ? spare.Take() : std::malloc(sizeof(TextHeader) + textBytes);
 }
 
 constexpr ULONG ElementSize(VARTYPE type) {
@@ -37,8 +67,9 @@ constexpr ULONG ElementSize(VARTYPE type) {
 }  // namespace
 
 BSTR SysAllocStringByteLen(LPCSTR bytes, UINT length) {
-    // The terminator is as wide as Windows's.
-    auto* const header = static_cast<TextHeader*>(std::malloc(sizeof(TextHeader) + std::size_t{length} + 2));
+    // As wide as Windows's.
+    constexpr std::size_t kTerminator = 2;
+    auto* const header = static_cast<TextHeader*>(Allocate(std::size_t{length} + kTerminator));
     if (!header) return nullptr;
     header->length = length;
     BSTR const text = reinterpret_cast<BSTR>(header + 1);
@@ -51,7 +82,11 @@ BSTR SysAllocStringByteLen(LPCSTR bytes, UINT length) {
 }
 
 void SysFreeString(BSTR text) {
-    if (text) std::free(HeaderOf(text));
+    if (!text) return;
+    if (HeaderOf(text)->length + std::size_t{2} <= kShortText)
+        spare.Return(HeaderOf(text));
+    else
+        std::free(HeaderOf(text));
 }
 
 UINT SysStringByteLen(BSTR text) {

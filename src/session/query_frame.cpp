@@ -71,14 +71,6 @@ long Rows::Count() {
     return recordset_.GetRecordCount();
 }
 
-bool Rows::Read(const char* column) {
-    // A field narrower than 32 bits need not write the others, which Value and Number read too.
-    value_.Clear();
-    AfxVariantInit(&value_);
-    recordset_.GetFieldValue(column, value_);
-    return V_VT(&value_) != VT_NULL;
-}
-
 std::int32_t Rows::Value(const char* column) {
     return Read(column) ? static_cast<std::int32_t>(V_I4(&value_)) : 0;
 }

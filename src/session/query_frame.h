@@ -100,7 +100,13 @@ class Rows {
     long Count();
 
     // Reads a field of the current row. False when it is NULL.
-    bool Read(const char* column);
+    bool Read(const char* column) {
+        // A field narrower than 32 bits need not write the others, which Value and Number read too.
+        value_.Clear();
+        AfxVariantInit(&value_);
+        recordset_.GetFieldValue(column, value_);
+        return V_VT(&value_) != VT_NULL;
+    }
 
     // The field's 32-bit value as it stands in the variant (0 when NULL).
     std::int32_t Value(const char* column);

@@ -1,6 +1,7 @@
 // Statements as a host of DAO runs them: numbers of errors, open recordsets beside changes, what is kept of a
 // statement while tables change, also by others.
 
+#include <cstring>
 #include <ctime>
 
 #include "dao/seam.h"
@@ -186,7 +187,7 @@ TEST_F(DaoStatementsTest, LookupsSeeEveryChange) {
     EXPECT_EQ(Rows("SELECT * FROM [numbers] WHERE [name] = 1234"), Texts{"else|1234"});
 }
 
-// Whole tables stay in memory after some readings, for as long as nobody writes them.
+// That the rows are stored in order is remembered for as long as nobody writes them.
 TEST_F(DaoStatementsTest, RepeatedReadingsOfAWholeTableSeeEveryChange) {
     constexpr int kRows = 2000;
     MakeNumbers(kRows);
@@ -202,6 +203,56 @@ TEST_F(DaoStatementsTest, RepeatedReadingsOfAWholeTableSeeEveryChange) {
                 EXPECT_EQ(Rows("SELECT * FROM [numbers] ORDER BY [id]").front(), "-1|new");
             }
         }
+}
+
+TEST_F(DaoStatementsTest, RowsComeInOrderHoweverTheyAreStored) {
+    Run("CREATE TABLE [t] ([n] DOUBLE, [i] LONG, [s] TEXT(9))");
+    const auto check = [this](const char* order, const Texts& expected) {
+        EXPECT_EQ(Rows(std::string("SELECT [i] FROM [t] ORDER BY ") + order), expected) << order;
+    };
+    Run({"INSERT INTO [t] VALUES (1,1,\"a\")", "INSERT INTO [t] VALUES (1.5,2,\"B\")",
+         "INSERT INTO [t] VALUES (1.5,3,\"c\")", "INSERT INTO [t] VALUES (2,4,\"D\")"});
+    for (const char* ascending : {"[i]", "[n]", "[n], [i]", "[s]", "[n]*[n], [i]", "5 - [i] DESC"})
+        check(ascending, {"1", "2", "3", "4"});
+    for (const char* descending :
+         {"[i] DESC", "[n] DESC, [i] DESC", "[s] DESC", "5 - [i]", "[n] DESC, [s] DESC"})
+        check(descending, {"4", "3", "2", "1"});
+    check("[n] DESC, [i]", {"4", "2", "3", "1"});
+    check("[n], [i] DESC", {"1", "3", "2", "4"});
+    check("[n] DESC", {"4", "2", "3", "1"});
+    Run("INSERT INTO [t] VALUES (NULL,5,NULL)");
+    check("[n]", {"5", "1", "2", "3", "4"});
+    check("[n] DESC, [i]", {"4", "2", "3", "1", "5"});
+    check("[i]", {"1", "2", "3", "4", "5"});
+    Run("UPDATE [t] SET [i] = 0 WHERE [i] = 3");
+    check("[i]", {"0", "1", "2", "4", "5"});
+    check("[i] DESC", {"5", "4", "2", "1", "0"});
+    Run("DELETE * FROM [t]");
+    check("[i]", {});
+}
+
+// Names may be in memory that the caller writes again, or literals; asked for in one order or another.
+TEST_F(DaoStatementsTest, FieldsAreFoundByWhatTheNameSaysNow) {
+    Run({"CREATE TABLE [t] ([one] LONG, [two] LONG)", "INSERT INTO [t] VALUES (1,2)"});
+    CDaoRecordset rows(&database);
+    rows.Open(dbOpenDynaset, "SELECT * FROM [t]");
+    const auto value = [&rows](const char* name) {
+        COleVariant field;
+        rows.GetFieldValue(name, field);
+        return V_I4(&field);
+    };
+    char name[] = "one";
+    for (int round = 0; round < 4; ++round) {
+        EXPECT_EQ(value(std::strcpy(name, "one")), 1);
+        EXPECT_EQ(value("two"), 2);
+        EXPECT_EQ(value(std::strcpy(name, "TWO")), 2);
+        EXPECT_EQ(value(std::strcpy(name, round % 2 == 0 ? "Two" : "oNe")), round % 2 == 0 ? 2 : 1);
+        EXPECT_EQ(value("one"), 1);
+        std::strcpy(name, "six");
+        for (const char* unknown :
+             {static_cast<const char*>(name), "six", "", static_cast<const char*>(nullptr)})
+            EXPECT_EQ(DaoErrorOf([&] { value(unknown); }), 3265);
+    }
 }
 
 TEST_F(DaoStatementsTest, ATableMadeAnewIsWrittenAsItIsNow) {
