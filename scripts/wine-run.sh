@@ -7,7 +7,7 @@ source "$scripts/as-root.sh"
 source "$scripts/wine-paths.sh"
 
 settings=(LC_ALL="${KALODATA_WINE_LOCALE:-en_US.UTF-8}" WINEDEBUG="${WINEDEBUG:--all}"
-    WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=" DISPLAY=)
+    WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=" DISPLAY= TMPDIR=/tmp)  # Windows programs take TEMP; TMPDIR is Wine's own
 
 if [[ ! -d $wine_root ]]; then
     exec env "${settings[@]}" WINEPREFIX="$wine_prefix" wine "$@"

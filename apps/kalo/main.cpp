@@ -51,6 +51,8 @@ int main(int count, char** arguments) {
         "Asks a knowledge database of servo amplifiers: what a drive's parameters, monitors, alarms, signals "
         "and traces are for its versions, and which devices there are.",
         "kalo");
+    // The same command lines everywhere: on Windows /x is no option either.
+    app.allow_windows_style_options(false);
     AddCommands(app);
     return Run(app, count, arguments);
 }

@@ -40,6 +40,10 @@ def snapshot(directory):
             for path in directory.iterdir()}
 
 
+# Each start of Wine takes its time, and the tour of the exported functions compares what the systems answer.
+LONG = unittest.skipIf(len(PROGRAM) > 1, "the tour compares the answers")
+
+
 class KaloTest(unittest.TestCase):
     """Every test has its own copies of the samples and its own directory for temporary files. In the end the copies
     are as they were, and nothing temporary is left."""
@@ -79,6 +83,7 @@ class KaloTest(unittest.TestCase):
         return json.loads(self.answer(*arguments, "--format", "json"))
 
 
+@LONG
 class Combinations(KaloTest):
     def test_sizes_of_what_versions_make(self):
         for axis, parameters, monitors, alarms, inputs, outputs in AXES:
@@ -196,6 +201,7 @@ class Answers(KaloTest):
         ("traces", "--io --model 17 --control-type 1 --kind 2", ["203  FLS           0x4  true"]),
     ]
 
+    @LONG
     def test_lines(self):
         for command, arguments, lines in self.CASES:
             with self.subTest(command=command, arguments=arguments):
