@@ -11,7 +11,8 @@ namespace {
 constexpr int kAxis = 1;
 constexpr double kRecordBudget = 1.0;
 constexpr double kBulkBudget = 1.3;
-constexpr int kSizes[] = {2'000, 20'000, 200'000};
+constexpr int kShuffled = 3'000;  // the one size whose rows are stored far from the order of their keys
+constexpr int kSizes[] = {2'000, kShuffled, 20'000, 200'000};
 
 std::string ColumnList(const PlainDatabase& file, const std::string& table, const std::string& key) {
     std::string list;
@@ -36,7 +37,8 @@ std::string MakeLarge(const PlainDatabase& file, const std::string& built, const
     file.Run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
              std::to_string(rows) + ") INSERT INTO [" + table + "] SELECT " + ColumnList(file, built, key) +
              " FROM n JOIN (SELECT row_number() OVER () - 1 AS place, * FROM [" + built +
-             "]) AS b ON b.place = n.i % (SELECT count(*) FROM [" + built + "]) ORDER BY n.i");
+             "]) AS b ON b.place = n.i % (SELECT count(*) FROM [" + built + "]) ORDER BY " +
+             (rows == kShuffled ? "n.i * 7919 % " + std::to_string(rows) : "n.i"));
     return table;
 }
 
@@ -279,6 +281,10 @@ BENCHMARK_CAPTURE(UserParameters, 20000_rows, 20, 20'000)
     ->Name("KaloGetAllUParaInfo, 20,000 rows")
     ->Iterations(kLongTurns)
     ->UseManualTime();
+BENCHMARK_CAPTURE(UserParameters, shuffled, kShuffled / 1000, kShuffled)
+    ->Name("KaloGetAllUParaInfo, 3,000 rows, shuffled")
+    ->Iterations(kTurns)
+    ->UseManualTime();
 BENCHMARK_CAPTURE(UserParametersAnew, sample, kAxis, 485)
     ->Name("KaloGetAllUParaInfo, sample, file just changed")
     ->Iterations(kTurns)
@@ -289,6 +295,10 @@ BENCHMARK_CAPTURE(UserParametersAnew, 20000_rows, 20, 20'000)
     ->UseManualTime();
 BENCHMARK_CAPTURE(Monitors, sample, kAxis, 160)
     ->Name("KaloGetAllMonitorInfo, sample")
+    ->Iterations(kTurns)
+    ->UseManualTime();
+BENCHMARK_CAPTURE(Monitors, 2000_rows, 2, 2'000)
+    ->Name("KaloGetAllMonitorInfo, 2,000 rows")
     ->Iterations(kTurns)
     ->UseManualTime();
 BENCHMARK_CAPTURE(Monitors, 20000_rows, 20, 20'000)

@@ -41,6 +41,16 @@ void Cursor::OpenAsStored(Engine& engine, std::shared_ptr<CachedStatement> shape
     Start(engine, shape_->storageOrder.Readers(), shape_->translation.storedOrder->sql);
 }
 
+void Cursor::OpenOnList(Engine& engine, std::shared_ptr<CachedStatement> shape,
+                        std::shared_ptr<const jetsql::Shape> asked,
+                        std::shared_ptr<const jetsql::RowList> rows) {
+    shape_ = std::move(shape);
+    asked_ = std::move(asked);
+    Start(engine, shape_->storageOrder.ListReaders(), shape_->translation.storedOrder->sqlByList);
+    statement_.Bind(asked_->literals.size() + 1, *rows);
+    Hold(std::move(rows));
+}
+
 void Cursor::OpenOnRow(Engine& engine, std::shared_ptr<CachedStatement> shape,
                        std::shared_ptr<const jetsql::Shape> asked, std::size_t lookup, std::int64_t row) {
     shape_ = std::move(shape);

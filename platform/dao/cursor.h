@@ -41,13 +41,16 @@ class Cursor {
     // row.
     void OpenRunning(Engine& engine, std::shared_ptr<CachedStatement> shape,
                      std::shared_ptr<const jetsql::Shape> asked);
-    // The same on a table whose rows are stored in the order that the shape asks for.
+    // The same on a table whose rows are stored in the order that the shape asks for, or, with `rows`, on its
+    // rows in the order of that list.
     void OpenAsStored(Engine& engine, std::shared_ptr<CachedStatement> shape,
                       std::shared_ptr<const jetsql::Shape> asked);
+    void OpenOnList(Engine& engine, std::shared_ptr<CachedStatement> shape,
+                    std::shared_ptr<const jetsql::Shape> asked, std::shared_ptr<const jetsql::RowList> rows);
     void OpenOnRow(Engine& engine, std::shared_ptr<CachedStatement> shape,
                    std::shared_ptr<const jetsql::Shape> asked, std::size_t lookup, std::int64_t row);
     // Something that has to live as long as the rows.
-    void Hold(std::shared_ptr<void> owner) { owner_ = std::move(owner); }
+    void Hold(std::shared_ptr<const void> owner) { owner_ = std::move(owner); }
     void Close();
 
     const CachedStatement& Shape() const { return *shape_; }
@@ -84,7 +87,7 @@ class Cursor {
     void ReturnStatement();
     bool Collect(RowBlock& rows, std::size_t mostBytes);
 
-    std::shared_ptr<void> owner_;
+    std::shared_ptr<const void> owner_;
     std::shared_ptr<CachedStatement> shape_;
     std::shared_ptr<const jetsql::Shape> asked_;  // the statement as asked, with its literals
     Engine* engine_ = nullptr;

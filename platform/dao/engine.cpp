@@ -59,6 +59,11 @@ void Statement::Bind(std::size_t parameter, std::int64_t value) {
     if (code != SQLITE_OK) ThrowEngineError(engine_->Handle(), code, work_);
 }
 
+void Statement::Bind(std::size_t parameter, const jetsql::RowList& rows) {
+    const int code = jetsql::BindRowList(handle_, static_cast<int>(parameter), rows);
+    if (code != SQLITE_OK) ThrowEngineError(engine_->Handle(), code, work_);
+}
+
 bool Statement::Step(RunMeter::Account& account) {
     const RunMeter::Charge charge(engine_->Meter(), account);
     return Step();

@@ -8,6 +8,7 @@
 #include "dao/change_watch.h"
 #include "dao/errors.h"
 #include "dao/run_meter.h"
+#include "jetsql/row_list.h"
 #include "jetsql/translator.h"
 
 struct sqlite3;
@@ -32,6 +33,8 @@ class Statement {
     // Binds literal i as parameter i + 1. The texts must outlive the run.
     void Bind(const std::vector<jetsql::Literal>& literals);
     void Bind(std::size_t parameter, std::int64_t value);
+    // The list must outlive the run.
+    void Bind(std::size_t parameter, const jetsql::RowList& rows);
 
     // Advances to the next row; false after the last one. What it costs is charged to `account`.
     bool Step(RunMeter::Account& account);

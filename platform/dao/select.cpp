@@ -67,15 +67,20 @@ bool OpenByLookup(Session& session, const Request& request, const Stamp& stamp, 
     return false;
 }
 
-// Opens without sorting on rows that are stored in order, as they were at the moment of the stamp; false when
-// they are not.
-bool OpenAsStored(Session& session, const Request& request, const Stamp& stamp, Cursor& cursor) {
+// Opens on the rows of a whole table in an order that is known, as they were at the moment of the stamp;
+// false when it is not.
+bool OpenInOrder(Session& session, const Request& request, const Stamp& stamp, Cursor& cursor) {
     CachedStatement& statement = *request.statement;
     const auto& asked = statement.translation.storedOrder;
     if (!asked) return false;
     Engine& engine = session.OwnEngine();
-    if (!statement.storageOrder.IsTheOneOf(engine, *asked, request.shape->literals, stamp)) return false;
-    cursor.OpenAsStored(engine, request.statement, request.shape);
+    const auto order = statement.storageOrder.Find(engine, *asked, request.shape->literals, stamp);
+    if (order.asStored)
+        cursor.OpenAsStored(engine, request.statement, request.shape);
+    else if (order.rows)
+        cursor.OpenOnList(engine, request.statement, request.shape, order.rows);
+    else
+        return false;
     cursor.Exists(0);
     if (session.StampOf(statement) == stamp) return true;
     cursor.Close();
@@ -99,7 +104,7 @@ bool OpenOwn(Session& session, const Request& request, const Stamp& stamp, Curso
         return false;
     }
     if (watched && OpenByLookup(session, request, stamp, cursor)) return kept.worthKeeping;
-    if (watched && OpenAsStored(session, request, stamp, cursor)) return kept.worthKeeping;
+    if (watched && OpenInOrder(session, request, stamp, cursor)) return kept.worthKeeping;
     cursor.OpenRunning(engine, request.statement, request.shape);
     cursor.Exists(0);
     return kept.worthKeeping;

@@ -8,6 +8,7 @@
 #include "jetsql/collation.h"
 #include "jetsql/errors.h"
 #include "jetsql/function_values.h"
+#include "jetsql/row_list.h"
 
 namespace jetsql {
 namespace {
@@ -70,7 +71,8 @@ void Register(sqlite3* connection, const FunctionEntry& entry) {
 }
 
 void RegisterFunctions(sqlite3* connection) {
-    if (RegisterCollation(connection) != SQLITE_OK) Fail(kOutOfMemory, "Out of memory.");
+    if (RegisterCollation(connection) != SQLITE_OK || RegisterRowList(connection) != SQLITE_OK)
+        Fail(kOutOfMemory, "Out of memory.");
     RegisterStoreFunctions(connection);
     RegisterTextFunctions(connection);
 }

@@ -38,8 +38,9 @@ struct SelectText {
     // The statement itself.
     std::string Ordered() const;
 
-    // The same without sorting, for rows of one whole table that are to be sorted.
-    std::optional<StoredOrder> InStoredOrder() const;
+    // The same without sorting, for rows of one whole table that are to be sorted. A list of row numbers is
+    // `parameter`.
+    std::optional<StoredOrder> InStoredOrder(int parameter) const;
 
     // As a sub-query, where the order matters to TOP alone.
     std::string Unordered() const;
@@ -55,6 +56,7 @@ struct SelectText {
     std::string Source() const;
     std::string Ranked(bool keys) const;
     std::string SortedByRow() const;
+    std::string ByRow(const std::string& source, const std::string& number) const;
 };
 
 // The outputs' names: alias, else column name, which is qualified by its table where several outputs share

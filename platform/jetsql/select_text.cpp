@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "jetsql/names.h"
+#include "jetsql/row_list.h"
 #include "jetsql/select_printer.h"
 
 namespace jetsql {
@@ -82,9 +83,13 @@ std::string SelectText::SortedByRow() const {
     SelectText rows = *this;
     rows.items.assign(1, SelectItem());
     rows.items[0].sql = rowid + " AS r";
+    return ByRow('(' + rows.Plain() + OrderClause(order) + " LIMIT -1)", "r");
+}
+
+// The rows of the table in the order in which a source gives their numbers.
+std::string SelectText::ByRow(const std::string& source, const std::string& number) const {
     SelectText whole = *this;
-    whole.tail = " FROM (" + rows.Plain() + OrderClause(order) + " LIMIT -1) AS q CROSS JOIN " + rowSource +
-                 " ON " + rowid + " = q.r";
+    whole.tail = " FROM " + source + " AS q CROSS JOIN " + rowSource + " ON " + rowid + " = q." + number;
     return whole.Plain();
 }
 
@@ -98,7 +103,7 @@ std::string SelectText::Ordered() const {
     return Ranked(false) + OrderClause(keys);
 }
 
-std::optional<StoredOrder> SelectText::InStoredOrder() const {
+std::optional<StoredOrder> SelectText::InStoredOrder(int parameter) const {
     if (!SortsByRow() || !where.empty()) return std::nullopt;
     const std::string storageOrder = " ORDER BY " + rowid;
     StoredOrder stored;
@@ -108,7 +113,9 @@ std::optional<StoredOrder> SelectText::InStoredOrder() const {
         keys.items.emplace_back().sql = order[i].sql;
         stored.descending.push_back(order[i].descending);
     }
+    keys.items.emplace_back().sql = rowid;
     stored.sql = Plain() + storageOrder;
+    stored.sqlByList = ByRow(kRowList + ("(?" + std::to_string(parameter) + ')'), "number");
     stored.sqlKeys = keys.Plain() + storageOrder;
     return stored;
 }

@@ -134,7 +134,7 @@ void TranslateSelect(Binding& binding, const Select& select) {
         DefineNewTable(binding, select, text);
     } else {
         FindLookups(binding, select, text);
-        result.storedOrder = text.InStoredOrder();
+        result.storedOrder = text.InStoredOrder(static_cast<int>(binding.literals) + 1);
     }
 }
 

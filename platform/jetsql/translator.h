@@ -86,8 +86,10 @@ struct EqualityLookup {
 // A SELECT of a whole table in an order of its own, where the rows may happen to be stored in that order.
 struct StoredOrder {
     std::string sql;      // the same SELECT in storage order
-    std::string sqlKeys;  // the keys of the order, the first one first, of all rows in storage order
-    std::vector<bool> descending;
+    std::string sqlKeys;  // the keys of the order, the first one first, then the row number, in storage order
+    std::vector<bool> descending;  // by key
+    std::string sqlByList;  // the same SELECT in the order of a list of row numbers (jetsql/row_list.h):
+                            // the parameter after the last literal
 };
 
 struct Translation {

@@ -208,7 +208,8 @@ TEST_F(DaoStatementsTest, RepeatedReadingsOfAWholeTableSeeEveryChange) {
 TEST_F(DaoStatementsTest, RowsComeInOrderHoweverTheyAreStored) {
     Run("CREATE TABLE [t] ([n] DOUBLE, [i] LONG, [s] TEXT(9))");
     const auto check = [this](const char* order, const Texts& expected) {
-        EXPECT_EQ(Rows(std::string("SELECT [i] FROM [t] ORDER BY ") + order), expected) << order;
+        for (int reading = 0; reading < 2; ++reading)
+            EXPECT_EQ(Rows(std::string("SELECT [i] FROM [t] ORDER BY ") + order), expected) << order;
     };
     Run({"INSERT INTO [t] VALUES (1,1,\"a\")", "INSERT INTO [t] VALUES (1.5,2,\"B\")",
          "INSERT INTO [t] VALUES (1.5,3,\"c\")", "INSERT INTO [t] VALUES (2,4,\"D\")"});
@@ -227,6 +228,20 @@ TEST_F(DaoStatementsTest, RowsComeInOrderHoweverTheyAreStored) {
     Run("UPDATE [t] SET [i] = 0 WHERE [i] = 3");
     check("[i]", {"0", "1", "2", "4", "5"});
     check("[i] DESC", {"5", "4", "2", "1", "0"});
+    EXPECT_EQ(Rows("SELECT [i]+10 AS [j], \"x\" FROM [t] ORDER BY 7 - [i]"),
+              (Texts{"15|x", "14|x", "12|x", "11|x", "10|x"}));
+    CDaoRecordset back(&database);
+    back.Open(dbOpenDynaset, "SELECT [i] FROM [t] ORDER BY [i] DESC");
+    COleVariant field;
+    back.MoveLast();
+    Run("INSERT INTO [t] VALUES (9,9,\"late\")");
+    for (const LONG expected : {0, 1, 2, 4, 5}) {
+        back.GetFieldValue("i", field);
+        EXPECT_EQ(V_I4(&field), expected);
+        back.MovePrev();
+    }
+    EXPECT_TRUE(back.IsBOF());
+    back.Close();
     Run("DELETE * FROM [t]");
     check("[i]", {});
 }
