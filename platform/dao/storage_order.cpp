@@ -52,7 +52,7 @@ std::partial_ordering Keys::CompareRows(const FieldView* left, const FieldView* 
     for (std::size_t key = 0; key < descending_.size(); ++key) {
         const std::partial_ordering order =
             descending_[key] ? Compare(right[key], left[key]) : Compare(left[key], right[key]);
-        if (order != 0) return order;
+        if (std::is_neq(order)) return order;
     }
     return std::partial_ordering::equivalent;
 }
@@ -69,7 +69,7 @@ bool Keys::AreInOrder(Statement& rows) {
         }
         if (before.empty())
             before = now;
-        else if (!(CompareRows(before.data(), now.data()) <= 0))
+        else if (!std::is_lteq(CompareRows(before.data(), now.data())))
             return false;
         before.swap(now);
     }
@@ -97,7 +97,7 @@ std::shared_ptr<const jetsql::RowList> Keys::Sort(Statement& rows) {
     std::sort(places.begin(), places.end(), [this](std::size_t left, std::size_t right) {
         const std::size_t count = descending_.size();
         const std::partial_ordering order = CompareRows(&keys_[left * count], &keys_[right * count]);
-        return order == 0 ? left < right : order < 0;
+        return std::is_eq(order) ? left < right : std::is_lt(order);
     });
     auto sorted = std::make_shared<jetsql::RowList>();
     sorted->reserve(places.size());
