@@ -81,9 +81,13 @@ bool ChangeWatch::Differs() const {
 }
 
 std::uint64_t ChangeWatch::Epoch() {
-    if (header_ == nullptr || !Differs()) return epoch_;
-    seen_ = Read();
-    return ++epoch_;
+    if (header_ == nullptr) return epoch_;
+    if (Differs()) {
+        seen_ = Read();
+        ++epoch_;
+    }
+    if (settled_ != epoch_ && sqlite3_txn_state(engine_, "main") == SQLITE_TXN_NONE) settled_ = epoch_;
+    return epoch_;
 }
 
 void ChangeWatch::OwnWriteBegins() {

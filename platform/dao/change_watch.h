@@ -20,8 +20,9 @@ class ChangeWatch {
     // Starts to watch; the connection has read the database before.
     void Attach(sqlite3* engine);
 
-    // Whether changes can be told. When not, nothing that was read may be kept.
-    bool Usable() const { return private_ || header_ != nullptr; }
+    // Whether what is read now is of the epoch told last. When not, nothing that was read may be kept:
+    // changes cannot be told, or a reading that began before the last change still shows the file as it was.
+    bool Usable() const { return private_ || (header_ != nullptr && settled_ == epoch_); }
 
     // Grows whenever another connection may have changed the file.
     std::uint64_t Epoch();
@@ -41,6 +42,7 @@ class ChangeWatch {
     const volatile std::uint32_t* header_ = nullptr;
     Header seen_{};
     std::uint64_t epoch_ = 1;
+    std::uint64_t settled_ = 0;     // the last epoch at which no reading was under way
     std::uint32_t ownCommits_ = 0;  // since OwnWriteBegins
     sqlite3* engine_ = nullptr;     // set while commits are told
     bool private_ = false;          // a database that no other connection can reach

@@ -31,8 +31,8 @@ constexpr std::size_t kStoredBytes = 128U * 1024 * 1024;
 constexpr std::size_t kKeptResultBytes = 4 * 1024;
 constexpr std::size_t kKeptResultsPerStatement = 16;
 
-// Rows of which a session sorts the numbers itself, and how many numbers it then keeps for each statement.
-constexpr std::size_t kSortedRows = 250'000;
+// Keys by which a session sorts row numbers itself, and how many numbers it then keeps for each statement.
+constexpr std::size_t kSortedKeys = 250'000;
 constexpr std::size_t kKeptRowNumbers = 4096;
 
 // Lookups of a column by value before the column is indexed in memory, rows that a lookup fetches one by one,

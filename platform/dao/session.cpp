@@ -79,8 +79,10 @@ std::int64_t Session::ReadDesignVersion() {
 bool Session::DesignChanged() {
     if (!engine_) return false;
     const std::uint64_t epoch = engine_->Watch().Epoch();
-    if (engine_->Watch().Usable() && epoch == designEpoch_) return false;
-    designEpoch_ = epoch;
+    if (engine_->Watch().Usable()) {
+        if (epoch == designEpoch_) return false;
+        designEpoch_ = epoch;
+    }
     if (std::exchange(designVersion_, ReadDesignVersion()) == designVersion_) return false;
     catalogue_.Clear();
     statements_.Clear();
@@ -101,8 +103,12 @@ void Session::WriteEnded(std::string_view table, Work work) {
     engine_->Watch().OwnWriteEnded();
     if (work == Work::Rows) return;
     statements_.Doubt(state);
-    catalogue_.Forget(table);
-    if (engine_->Watch().Epoch() == designEpoch_) designVersion_ = ReadDesignVersion();
+    try {
+        catalogue_.Forget(table);
+        if (engine_->Watch().Epoch() == designEpoch_) designVersion_ = ReadDesignVersion();
+    } catch (...) {
+        designEpoch_ = 0;  // the next statement reads everything anew
+    }
 }
 
 Draft Session::Read(std::string_view sql) {
@@ -144,6 +150,7 @@ std::shared_ptr<CachedStatement> Session::FindTranslated(const std::string& key)
         return nullptr;
     }
     statement->doubted = false;
+    NameRows(*statement);
     return statement;
 }
 
@@ -187,7 +194,14 @@ void Session::KeepUsableLookups(CachedStatement& statement) {
     };
     lookups.erase(std::remove_if(lookups.begin(), lookups.end(), unusable), lookups.end());
     statement.byRow.resize(lookups.size());
-    if (!lookups.empty()) statement.tables[0]->rowNumber = jetsql::RowidName(*table);
+    NameRows(statement);
+}
+
+// Notes the name that row numbers go by in the table of the look-ups: columns may take the usual ones.
+void Session::NameRows(CachedStatement& statement) {
+    if (statement.translation.lookups.empty()) return;
+    TableState& table = *statement.tables[0];
+    table.rowNumber = jetsql::RowidName(*catalogue_.FindTable(table.name));
 }
 
 }  // namespace daoengine

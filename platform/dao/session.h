@@ -84,6 +84,7 @@ class Session {
     std::shared_ptr<CachedStatement> Translate(const Draft& draft);
     std::shared_ptr<CachedStatement> MakeStatement(jetsql::Translation translation);
     void KeepUsableLookups(CachedStatement& statement);
+    void NameRows(CachedStatement& statement);
     std::int64_t ReadDesignVersion();
 
     std::unique_ptr<DatabaseFile> file_;

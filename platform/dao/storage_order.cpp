@@ -85,7 +85,7 @@ bool Keys::Add(sqlite3_stmt* row) {
         keys_.push_back(field);
     }
     numbers_.push_back(sqlite3_column_int64(row, column));
-    return numbers_.size() <= limits::kSortedRows;
+    return keys_.size() <= limits::kSortedKeys;
 }
 
 std::shared_ptr<const jetsql::RowList> Keys::Sort(Statement& rows) {

@@ -1,6 +1,6 @@
+#include <atomic>
 #include <cstdlib>
 #include <cstring>
-#include <utility>
 
 #include "windows.h"
 
@@ -16,33 +16,15 @@ TextHeader* HeaderOf(BSTR text) {
     return reinterpret_cast<TextHeader*>(text) - 1;
 }
 
-// A text is mostly freed before the next one is made: a thread keeps the memory of the last short one for the
-// next. All short texts take the same room.
+// A text is mostly freed before the next one is made: the memory of the last short one is kept for the next.
+// All short texts take the same room.
 constexpr std::size_t kShortText = 240;
-
-class Spare {
-  public:
-    ~Spare() { std::free(std::exchange(memory_, nullptr)); }
-
-    void* Take() {
-        void* const memory = std::exchange(memory_, nullptr);
-        return memory != nullptr ? memory : std::malloc(sizeof(TextHeader) + kShortText);
-    }
-    void Return(void* memory) {
-        if (memory_ == nullptr)
-            memory_ = memory;
-        else
-            std::free(memory);
-    }
-
-  private:
-    void* memory_ = nullptr;
-};
-
-[[gnu::tls_model("initial-exec")]] thread_local Spare spare;
+constinit std::atomic<void*> spare = nullptr;
 
 void* Allocate(std::size_t textBytes) {
-    return textBytes <= kShortText ? spare.Take() : std::malloc(sizeof(TextHeader) + textBytes);
+    if (textBytes > kShortText) return std::malloc(sizeof(TextHeader) + textBytes);
+    void* const memory = spare.exchange(nullptr, std::memory_order_acquire);
+    return memory != nullptr ? memory : std::malloc(sizeof(TextHeader) + kShortText);
 }
 
 constexpr ULONG ElementSize(VARTYPE type) {
@@ -84,7 +66,7 @@ BSTR SysAllocStringByteLen(LPCSTR bytes, UINT length) {
 void SysFreeString(BSTR text) {
     if (!text) return;
     if (HeaderOf(text)->length + std::size_t{2} <= kShortText)
-        spare.Return(HeaderOf(text));
+        std::free(spare.exchange(HeaderOf(text), std::memory_order_acq_rel));
     else
         std::free(HeaderOf(text));
 }

@@ -246,6 +246,30 @@ TEST_F(DaoStatementsTest, RowsComeInOrderHoweverTheyAreStored) {
     check("[i]", {});
 }
 
+// A recordset that is still being read shows the file as it was; what others are asked beside it must not be
+// kept.
+TEST_F(DaoStatementsTest, WhatIsReadBesideAnOlderReadingIsNotKept) {
+    MakeNumbers(3000);
+    const char* const kWhole = "SELECT [id] FROM [numbers] ORDER BY [id]";
+    const char* const kOne = "SELECT [id] FROM [numbers] WHERE [id] = 7";
+    CDaoDatabase second;
+    second.Open(Path().c_str());
+    CDaoRecordset older(&database);
+    older.Open(dbOpenDynaset, "SELECT * FROM [numbers]");
+    older.MoveNext();
+    second.Execute("DELETE * FROM [numbers] WHERE [id] = 7");
+    second.Execute("SELECT * INTO [made] FROM [numbers]");
+    for (int reading = 0; reading < 4; ++reading) {
+        EXPECT_EQ(Rows(kWhole).size(), 3000U);
+        EXPECT_EQ(Rows(kOne).size(), 1U);
+        EXPECT_EQ(ErrorOfOpen("SELECT * FROM [made]"), 3078);
+    }
+    older.Close();
+    EXPECT_EQ(Rows(kWhole).size(), 2999U);
+    EXPECT_EQ(Rows(kOne).size(), 0U);
+    EXPECT_EQ(Rows("SELECT * FROM [made]").size(), 2999U);
+}
+
 // Names may be in memory that the caller writes again, or literals; asked for in one order or another.
 TEST_F(DaoStatementsTest, FieldsAreFoundByWhatTheNameSaysNow) {
     Run({"CREATE TABLE [t] ([one] LONG, [two] LONG)", "INSERT INTO [t] VALUES (1,2)"});
