@@ -1,6 +1,8 @@
-#include <atomic>
+#include <pthread.h>
+
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 #include "windows.h"
 
@@ -16,15 +18,54 @@ TextHeader* HeaderOf(BSTR text) {
     return reinterpret_cast<TextHeader*>(text) - 1;
 }
 
-// A text is mostly freed before the next one is made: the memory of the last short one is kept for the next.
-// All short texts take the same room.
+// A text is mostly freed before the next one is made: a thread keeps the memory of the last short one for the
+// next. All short texts take the same room.
 constexpr std::size_t kShortText = 240;
-constinit std::atomic<void*> spare = nullptr;
+
+// What a thread keeps. It has no destructor: code that runs when the process ends may still make texts.
+struct Spare {
+    void* memory;
+    bool registered;  // to be freed when the thread ends
+    bool ended;
+};
+
+[[gnu::tls_model("initial-exec")]] thread_local constinit Spare spare{};
+
+// Frees what threads keep when they end, as long as the library is loaded.
+class ThreadEnds {
+  public:
+    ThreadEnds() : made_(pthread_key_create(&key_, Free) == 0) {}
+    ~ThreadEnds() {
+        if (std::exchange(made_, false)) pthread_key_delete(key_);
+    }
+    bool Tell(Spare* kept) const { return made_ && pthread_setspecific(key_, kept) == 0; }
+
+  private:
+    static void Free(void* kept) {
+        auto* const ending = static_cast<Spare*>(kept);
+        std::free(std::exchange(ending->memory, nullptr));
+        ending->ended = true;
+    }
+
+    pthread_key_t key_ = 0;
+    bool made_ = false;
+};
+
+ThreadEnds threadEnds;
 
 void* Allocate(std::size_t textBytes) {
     if (textBytes > kShortText) return std::malloc(sizeof(TextHeader) + textBytes);
-    void* const memory = spare.exchange(nullptr, std::memory_order_acquire);
+    void* const memory = std::exchange(spare.memory, nullptr);
     return memory != nullptr ? memory : std::malloc(sizeof(TextHeader) + kShortText);
+}
+
+void Free(TextHeader* text) {
+    if (spare.memory != nullptr || text->length + std::size_t{2} > kShortText) return std::free(text);
+    if (!spare.registered) spare.registered = threadEnds.Tell(&spare);
+    if (spare.registered && !spare.ended)
+        spare.memory = text;
+    else
+        std::free(text);
 }
 
 constexpr ULONG ElementSize(VARTYPE type) {
@@ -64,11 +105,7 @@ BSTR SysAllocStringByteLen(LPCSTR bytes, UINT length) {
 }
 
 void SysFreeString(BSTR text) {
-    if (!text) return;
-    if (HeaderOf(text)->length + std::size_t{2} <= kShortText)
-        std::free(spare.exchange(HeaderOf(text), std::memory_order_acq_rel));
-    else
-        std::free(HeaderOf(text));
+    if (text) Free(HeaderOf(text));
 }
 
 UINT SysStringByteLen(BSTR text) {
