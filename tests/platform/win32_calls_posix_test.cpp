@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <chrono>
 #include <cstring>
 #include <filesystem>
 #include <thread>
@@ -11,19 +13,23 @@
 #include "windows.h"
 
 namespace fs = std::filesystem;
+using namespace std::chrono_literals;
 
 namespace {
 
-// Whether another thread gets into the section while this one does what it does.
-bool OthersMayEnter(CRITICAL_SECTION& section) {
+// How long another thread is waited for that must get in, and one that must not.
+constexpr std::chrono::milliseconds kUntilIn = 10s, kStillOut = 100ms;
+
+// Whether another thread gets into the section before `patience` is over.
+bool OthersMayEnter(CRITICAL_SECTION& section, std::chrono::milliseconds patience) {
     std::atomic<bool> entered{false};
     std::thread other([&] {
         EnterCriticalSection(&section);
         entered = true;
         LeaveCriticalSection(&section);
     });
-    for (int i = 0; i < 50 && !entered; ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    for (auto waited = 0ms; waited < patience && !entered; waited += 2ms)
+        std::this_thread::sleep_for(2ms);
     const bool during = entered;
     for (int depth = 0; !entered && depth < 3; ++depth)
         LeaveCriticalSection(&section);
@@ -34,13 +40,13 @@ bool OthersMayEnter(CRITICAL_SECTION& section) {
 TEST(CriticalSection, IsRecursiveAndKeepsOthersOut) {
     CRITICAL_SECTION section;
     InitializeCriticalSection(&section);
-    EXPECT_TRUE(OthersMayEnter(section));
+    EXPECT_TRUE(OthersMayEnter(section, kUntilIn));
     for (int depth = 0; depth < 3; ++depth)
         EnterCriticalSection(&section);
     LeaveCriticalSection(&section);
     LeaveCriticalSection(&section);
-    EXPECT_FALSE(OthersMayEnter(section));
-    EXPECT_TRUE(OthersMayEnter(section));
+    EXPECT_FALSE(OthersMayEnter(section, kStillOut));
+    EXPECT_TRUE(OthersMayEnter(section, kUntilIn));
     DeleteCriticalSection(&section);
 }
 
@@ -50,13 +56,13 @@ TEST(CriticalSection, MisuseIsHarmless) {
     LeaveCriticalSection(&section);
     EnterCriticalSection(&section);
     std::thread([&] { LeaveCriticalSection(&section); }).join();
-    EXPECT_FALSE(OthersMayEnter(section));
+    EXPECT_FALSE(OthersMayEnter(section, kStillOut));
     EnterCriticalSection(&section);
     DeleteCriticalSection(&section);
     LeaveCriticalSection(&section);
     DeleteCriticalSection(&section);
     InitializeCriticalSection(&section);
-    EXPECT_TRUE(OthersMayEnter(section));
+    EXPECT_TRUE(OthersMayEnter(section, kUntilIn));
     DeleteCriticalSection(&section);
 }
 
