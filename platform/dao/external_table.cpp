@@ -24,7 +24,6 @@ namespace {
 using RowVisitor = std::function<void(const jetfile::Row&)>;
 
 constexpr int kTableNotFound = 3078;
-constexpr double kCurrencyUnit = 10000.0;
 
 jet::Table ReadJetTable(const fs::path& path, const std::string& password, const std::string& name,
                         const RowVisitor& visit) {
@@ -47,7 +46,7 @@ std::string DecimalDigits(double value, int scale) {
 }
 
 jetfile::Value NumberOf(double value, const jet::Column& column) {
-    if (column.type == jet::Type::Currency) return std::int64_t{std::llround(value * kCurrencyUnit)};
+    if (column.type == jet::Type::Currency) return std::int64_t{std::llround(value * jet::kCurrencyUnit)};
     if (column.type == jet::Type::Decimal) return DecimalDigits(value, column.scale);
     return value;
 }

@@ -5,8 +5,6 @@
 namespace daoengine {
 namespace {
 
-constexpr double kCurrencyUnit = 10000.0;
-
 // Binds one value of a row. The bytes belong to the row.
 struct ValueBinder {
     sqlite3_stmt* statement;
@@ -16,7 +14,7 @@ struct ValueBinder {
     int operator()(std::monostate) const { return sqlite3_bind_null(statement, parameter); }
     int operator()(std::int64_t value) const {
         if (type != jet::Type::Currency) return sqlite3_bind_int64(statement, parameter, value);
-        return sqlite3_bind_double(statement, parameter, static_cast<double>(value) / kCurrencyUnit);
+        return sqlite3_bind_double(statement, parameter, static_cast<double>(value) / jet::kCurrencyUnit);
     }
     int operator()(double value) const { return sqlite3_bind_double(statement, parameter, value); }
     int operator()(const std::string& value) const {

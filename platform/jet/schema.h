@@ -24,6 +24,9 @@ enum class Type {
     Decimal,     // up to 28 digits, `scale` of them decimals
 };
 
+// What a Currency of 1 counts where it stands as a whole number.
+constexpr double kCurrencyUnit = 10000;
+
 struct Column {
     std::string name;  // UTF-8, in the spelling of the definition
     Type type = Type::Long;

@@ -7,8 +7,10 @@
 
 namespace jetfile {
 
+constexpr std::uint16_t kWesternEurope = 1252;
+
 // Appends text of a Windows code page to `utf8`. A byte sequence that the code page does not know becomes
-// U+FFFD (in code page 1252 the character of the same number, as Windows does it). Throws 3049 for a code
+// U+FFFD (in kWesternEurope the character of the same number, as Windows does it). Throws 3049 for a code
 // page that the system does not know.
 void AppendCodePageText(std::uint16_t codePage, ByteView text, std::string& utf8);
 

@@ -9,8 +9,6 @@
 namespace jetfile {
 namespace {
 
-constexpr std::uint16_t kWesternEurope = 1252;
-
 // An open converter to UTF-8.
 class Converter {
   public:

@@ -7,6 +7,7 @@
 
 #include "jet/error.h"
 #include "jetfile/bytes.h"
+#include "jetfile/code_page.h"
 #include "jetfile/layout.h"
 #include "jetfile/text.h"
 
@@ -21,7 +22,6 @@ constexpr std::size_t kKeyAt = 0x3E;
 constexpr std::size_t kPasswordAt = 0x42;
 constexpr std::size_t kCreationDateAt = 0x72;
 constexpr std::size_t kHeaderSize = 0x98;
-constexpr std::uint16_t kWesternEurope = 1252;
 constexpr std::array<std::uint8_t, 4> kMaskKey = {0xC7, 0xDA, 0x39, 0x6B};
 
 using HeaderBytes = std::array<std::uint8_t, kHeaderSize>;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "jet/error.h"
@@ -63,6 +64,9 @@ constexpr int kConversion = 3421;
 constexpr int kCriteriaMismatch = 3464;
 constexpr int kSameSourceAndTarget = 3610;
 constexpr int kJoinMismatch = 3615;
+
+// Fields of a table, or of the result of a SELECT, at most; more are kTooManyFields.
+constexpr std::size_t kMostFields = 255;
 
 [[noreturn]] inline void Fail(int number, const std::string& text) {
     throw jet::Error(number, text);

@@ -8,6 +8,7 @@
 // What the SQL functions share: their arguments, results and failures.
 namespace jetsql {
 
+bool IsNull(sqlite3_value* value);
 std::string_view TextArgument(sqlite3_value* value);
 void TextResult(sqlite3_context* context, std::string_view text);
 

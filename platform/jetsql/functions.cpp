@@ -26,6 +26,10 @@ std::string_view Trimmed(std::string_view text) {
 
 }  // namespace
 
+bool IsNull(sqlite3_value* value) {
+    return sqlite3_value_type(value) == SQLITE_NULL;
+}
+
 std::string_view TextArgument(sqlite3_value* value) {
     const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
     return text == nullptr ? std::string_view()

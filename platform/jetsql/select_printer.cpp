@@ -11,8 +11,6 @@ namespace {
 
 using Clause = ExpressionPrinter::Clause;
 
-constexpr std::size_t kMostFields = 255;
-
 bool HasColumn(const Expression& expression) {
     if (expression.kind == ExpressionKind::Column || expression.kind == ExpressionKind::Aggregate ||
         expression.select) {

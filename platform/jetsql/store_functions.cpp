@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <limits>
 
+#include "jet/schema.h"
 #include "jetsql/dates.h"
 #include "jetsql/errors.h"
 #include "jetsql/function_values.h"
@@ -11,7 +12,6 @@
 namespace jetsql {
 namespace {
 
-constexpr double kCurrencyScale = 10000;
 constexpr double kCurrencyLimit = 922337203685477.5807;
 constexpr double kFirstDate = -657434;
 constexpr double kLastDate = 2958466;
@@ -22,10 +22,6 @@ void FailOverflow(sqlite3_context* context) {
 
 void FailConversion(sqlite3_context* context) {
     FailFunction(context, kConversion, "Data type conversion error.");
-}
-
-bool IsNull(sqlite3_value* value) {
-    return sqlite3_value_type(value) == SQLITE_NULL;
 }
 
 template <typename Integer>
@@ -76,7 +72,7 @@ void StoreCurrency(sqlite3_context* context, int, sqlite3_value** values) {
     const auto number = NumberArgument(context, values[0]);
     if (!number) return;
     if (!(std::fabs(*number) <= kCurrencyLimit)) return FailOverflow(context);
-    sqlite3_result_double(context, RoundHalfEven(*number * kCurrencyScale) / kCurrencyScale);
+    sqlite3_result_double(context, RoundHalfEven(*number * jet::kCurrencyUnit) / jet::kCurrencyUnit);
 }
 
 void StoreDecimal(sqlite3_context* context, int, sqlite3_value** values) {

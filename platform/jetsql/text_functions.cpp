@@ -10,10 +10,6 @@
 namespace jetsql {
 namespace {
 
-bool IsNull(sqlite3_value* value) {
-    return sqlite3_value_type(value) == SQLITE_NULL;
-}
-
 void RealResult(sqlite3_context* context, const char* format, double value) {
     std::array<char, 40> buffer{};
     std::snprintf(buffer.data(), buffer.size(), format, value);

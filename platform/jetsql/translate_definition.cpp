@@ -8,8 +8,6 @@
 namespace jetsql {
 namespace {
 
-constexpr std::size_t kMostFields = 255;
-
 const jet::Table& ExistingTable(Binding& binding, const std::string& name) {
     const jet::Table* table = binding.catalogue.FindTable(name);
     if (table == nullptr) Fail(kNoSuchTable, "Table '" + name + "' does not exist.");
