@@ -5,6 +5,9 @@ The register has one line per code and group of functions: code, kind (code, or 
 the engine's error is added), functions, case. A code may stand on several lines only where the same value is shared on
 purpose by functions that the list SHARED names; everything else is an unintended sharing.
 
+Every code that a source or a public header states must be in the register. A registered code must be stated in a
+source, or stand in the sixteen from a base that one states ("kBase = 0x2BFF21A0"), to which functions add numbers.
+
 --write renews docs/status-codes.md.
 """
 import pathlib
@@ -43,14 +46,35 @@ def page(rows):
     return HEAD + "\n".join(lines) + "\n"
 
 
-def problems(rows):
-    known = {code for code, _, _, _ in rows}
-    sources = [p for p in ROOT.glob("src/**/*") if p.suffix in (".cpp", ".h")]
-    for path in sources:
+def stated(pattern):
+    """Path and line number, line, and every code that stands in it before a comment."""
+    for path in sorted(p for p in ROOT.glob(pattern) if p.suffix in (".cpp", ".h")):
         for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
-            for literal in re.findall(r"\b0x2[ABC][0-9A-Fa-f]{6}\b", line.split("//")[0]):
-                if int(literal, 16) not in known and not re.search(r"[Bb]ase", line):
-                    yield f"{path.relative_to(ROOT)}:{number}: {literal} is not in the register"
+            for code in re.findall(r"\b0x2[ABC][0-9A-Fa-f]{6}\b", line.split("//")[0]):
+                yield f"{path.relative_to(ROOT)}:{number}", line, int(code, 16)
+
+
+def misplaced(rows):
+    known = {code for code, _, _, _ in rows}
+    dao = {code for code, kind, _, _ in rows if kind == "dao"}
+    bases, returned = set(), set()
+    for place, line, code in stated("src/**/*"):
+        returned.add(code)
+        if re.search(rf"[Bb]ase = 0x{code:08X}", line):
+            bases.add(code)
+        elif code not in known:
+            yield f"{place}: 0x{code:08X} is not in the register"
+    for code in sorted(known - returned):
+        if code & ~0xF not in bases:
+            yield f"0x{code:08X} is in the register, and no source returns it"
+    for place, line, code in stated("include/**/*"):
+        with_dao_number = code & ~0xFFFF in dao
+        if code not in known and not with_dao_number and f"0x{code:08X} is reserved" not in line:
+            yield f"{place}: 0x{code:08X} is not in the register"
+
+
+def problems(rows):
+    yield from misplaced(rows)
     shared = set(SHARED.read_text().split()) if SHARED.exists() else set()
     seen = {}
     for code, _, functions, _ in rows:
