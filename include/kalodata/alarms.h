@@ -81,43 +81,43 @@ KALO_API KaloStatus KALO_CALL KaloGetAlarmInfo(int16_t axis_num, int32_t alarm_c
  * One alarm by its indexer code. A missing value leaves the caller's field as it was. An unknown code is no
  * error: the record then gets that code, its low 8 bits as alarm code, `alo` 0, the name "UNKNOWN", the help
  * reference "ampunit.chm::/no_info.htm" and level 1. 0x2BFF057D not open; 0x2BFF06DF unknown axis or no alarm
- * table; 0x2BFF057C, 0x2BFF057A a DAO error in the look-up, in reading (the record may be filled in part).
+ * table; 0x2BFF057A, 0x2BFF057C a DAO error in the look-up, in reading (the record may be filled in part).
  */
 KALO_API KaloStatus KALO_CALL KaloGetIdxAlarmInfo(int16_t axis_num, uint32_t indexer_alarm_code,
                                                   KaloIndexerAlarm* alarm);
 
 /*
  * Alarm code of the normal state (no alarm).
- * 0x2BFF0070 not open; 0x2BFF06DB unknown axis or no alarm table; 0x2BFF0072 no such alarm; 0x2BFF0073,
- * 0x2BFF0071 a DAO error in the look-up, in reading.
+ * 0x2BFF0070 not open; 0x2BFF06DB unknown axis or no alarm table; 0x2BFF0072 no such alarm; 0x2BFF0071,
+ * 0x2BFF0073 a DAO error in the look-up, in reading.
  */
 KALO_API KaloStatus KALO_CALL KaloGetAlarmNormalId(int16_t axis_num, uint32_t* alarm_code);
 
 /*
  * Alarm code of the alarm of an application module.
- * 0x2BFF08AB not open; 0x2BFF08AC unknown axis or no alarm table; 0x2BFF08AE no such alarm; 0x2BFF08AF,
- * 0x2BFF08AD a DAO error in the look-up, in reading.
+ * 0x2BFF08AB not open; 0x2BFF08AC unknown axis or no alarm table; 0x2BFF08AE no such alarm; 0x2BFF08AD,
+ * 0x2BFF08AF a DAO error in the look-up, in reading.
  */
 KALO_API KaloStatus KALO_CALL KaloGetAppModuleAlarmId(int16_t axis_num, uint32_t* alarm_code);
 
 /*
  * Id of the monitor that shows the alarm.
- * 0x2BFF0070 not open; 0x2BFF06DC unknown axis or no monitor table; 0x2BFF0079 no such monitor; 0x2BFF007A,
- * 0x2BFF0078 a DAO error in the look-up, in reading.
+ * 0x2BFF0070 not open; 0x2BFF06DC unknown axis or no monitor table; 0x2BFF0079 no such monitor; 0x2BFF0078,
+ * 0x2BFF007A a DAO error in the look-up, in reading.
  */
 KALO_API KaloStatus KALO_CALL KaloGetAlarmId(int16_t axis_num, uint32_t* monitor_id);
 
 /*
  * Id of the monitor that shows the first entry of the alarm trace-back.
- * 0x2BFF007C not open; 0x2BFF06DD unknown axis or no monitor table; 0x2BFF007E no such monitor; 0x2BFF007F,
- * 0x2BFF007D a DAO error in the look-up, in reading.
+ * 0x2BFF007C not open; 0x2BFF06DD unknown axis or no monitor table; 0x2BFF007E no such monitor; 0x2BFF007D,
+ * 0x2BFF007F a DAO error in the look-up, in reading.
  */
 KALO_API KaloStatus KALO_CALL KaloGetAlarmTBId(int16_t axis_num, uint32_t* monitor_id);
 
 /*
  * Distance between the monitor ids of the first two entries of the alarm trace-back.
  * 0x2BFF0080 not open; 0x2BFF06DE unknown axis or no monitor table; 0x2BFF0082 no first entry; 0x2BFF0084 no
- * second entry; 0x2BFF0086 both have the same id; 0x2BFF0085, 0x2BFF0083, 0x2BFF0081 a DAO error in the
+ * second entry; 0x2BFF0086 both have the same id; 0x2BFF0081, 0x2BFF0083, 0x2BFF0085 a DAO error in the
  * look-up, in reading the first, the second entry.
  */
 KALO_API KaloStatus KALO_CALL KaloGetAlarmTBOffset(int16_t axis_num, uint16_t* offset);
@@ -131,8 +131,8 @@ KALO_API KaloStatus KALO_CALL KaloGetAlarmTBNum(int16_t axis_num, uint16_t* coun
 
 /*
  * Id of the monitor that shows the error.
- * 0x2BFF0070 not open; 0x2BFF0992 unknown axis or no monitor table; 0x2BFF0079 no such monitor; 0x2BFF007A,
- * 0x2BFF0993 a DAO error in the look-up, in reading.
+ * 0x2BFF0070 not open; 0x2BFF0992 unknown axis or no monitor table; 0x2BFF0079 no such monitor; 0x2BFF0993,
+ * 0x2BFF007A a DAO error in the look-up, in reading.
  */
 KALO_API KaloStatus KALO_CALL KaloGetErrorId(int16_t axis_num, uint32_t* monitor_id);
 

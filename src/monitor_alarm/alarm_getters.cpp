@@ -78,9 +78,9 @@ KaloStatus KALO_CALL KaloGetIdxAlarmInfo(std::int16_t axis_num, std::uint32_t in
     constexpr Status kNotOpen = 0x2BFF057D;
     if (!DatabaseIsOpen()) return kNotOpen;
     CString table;
-    const Status status = FindTable(AlarmTable(0x2BFF06DF, DaoCode(0x2BFF057C)), axis_num, table);
+    const Status status = FindTable(AlarmTable(0x2BFF06DF, DaoCode(0x2BFF057A)), axis_num, table);
     if (status != kOk) return status;
-    return Locked(DaoCode(0x2BFF057A), [&] {
+    return Locked(DaoCode(0x2BFF057C), [&] {
         Rows rows(Sql("SELECT * FROM [%s] WHERE [indexer_alarm_code] = %d", table, indexer_alarm_code));
         if (rows.Empty()) {
             SetUnknown(*alarm, indexer_alarm_code);

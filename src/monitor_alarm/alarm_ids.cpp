@@ -40,50 +40,50 @@ Status FindRole(const RoleQuery& role, std::int16_t axis, std::uint32_t* id) {
 
 constexpr RoleQuery kNormalState = {
     .notOpen = 0x2BFF0070,
-    .table = AlarmTable(0x2BFF06DB, DaoCode(0x2BFF0073)),
+    .table = AlarmTable(0x2BFF06DB, DaoCode(0x2BFF0071)),
     .statement = "SELECT * FROM [%s] WHERE [alarm_name_id] = 1",
     .column = "alarm_code",
     .noRow = 0x2BFF0072,
-    .onRead = DaoCode(0x2BFF0071),
+    .onRead = DaoCode(0x2BFF0073),
 };
 constexpr RoleQuery kAppModuleAlarm = {
     .notOpen = 0x2BFF08AB,
-    .table = AlarmTable(0x2BFF08AC, DaoCode(0x2BFF08AF)),
+    .table = AlarmTable(0x2BFF08AC, DaoCode(0x2BFF08AD)),
     .statement = "SELECT * FROM [%s] WHERE [fixed_id] = 10",
     .column = "alarm_code",
     .noRow = 0x2BFF08AE,
-    .onRead = DaoCode(0x2BFF08AD),
+    .onRead = DaoCode(0x2BFF08AF),
 };
 // The normal state, the alarm monitor and the error monitor share codes.
 constexpr RoleQuery kAlarmMonitor = {
     .notOpen = 0x2BFF0070,
-    .table = AlarmMonitorTable(0x2BFF06DC, DaoCode(0x2BFF007A)),
+    .table = AlarmMonitorTable(0x2BFF06DC, DaoCode(0x2BFF0078)),
     .statement = "SELECT * FROM [%s] WHERE [fixed_id] =10",
     .column = "monitor_id",
     .noRow = 0x2BFF0079,
-    .onRead = DaoCode(0x2BFF0078),
+    .onRead = DaoCode(0x2BFF007A),
 };
 constexpr RoleQuery kErrorMonitor = {
     .notOpen = 0x2BFF0070,
-    .table = AlarmMonitorTable(0x2BFF0992, DaoCode(0x2BFF007A)),
+    .table = AlarmMonitorTable(0x2BFF0992, DaoCode(0x2BFF0993)),
     .statement = "SELECT * FROM [%s] WHERE [fixed_id] = 250",
     .column = "monitor_id",
     .noRow = 0x2BFF0079,
-    .onRead = DaoCode(0x2BFF0993),
+    .onRead = DaoCode(0x2BFF007A),
 };
 constexpr RoleQuery kTraceBack = {
     .notOpen = 0x2BFF007C,
-    .table = AlarmMonitorTable(0x2BFF06DD, DaoCode(0x2BFF007F)),
+    .table = AlarmMonitorTable(0x2BFF06DD, DaoCode(0x2BFF007D)),
     .statement = "SELECT * FROM [%s] WHERE [fixed_id] =11",
     .column = "monitor_id",
     .noRow = 0x2BFF007E,
-    .onRead = DaoCode(0x2BFF007D),
+    .onRead = DaoCode(0x2BFF007F),
 };
 
 // The first two entries of the trace-back, for their distance.
 constexpr RoleQuery kFirstEntry = {
     .notOpen = 0x2BFF0080,
-    .table = AlarmMonitorTable(0x2BFF06DE, DaoCode(0x2BFF0085)),
+    .table = AlarmMonitorTable(0x2BFF06DE, DaoCode(0x2BFF0081)),
     .statement = "SELECT * FROM [%s] WHERE [fixed_id] =11",
     .column = "monitor_id",
     .noRow = 0x2BFF0082,
@@ -95,7 +95,7 @@ constexpr RoleQuery kSecondEntry = {
     .statement = "SELECT * FROM [%s] WHERE [fixed_id] =12",
     .column = "monitor_id",
     .noRow = 0x2BFF0084,
-    .onRead = DaoCode(0x2BFF0081),
+    .onRead = DaoCode(0x2BFF0085),
 };
 
 }  // namespace
