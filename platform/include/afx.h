@@ -40,7 +40,6 @@ class CString {
     void MakeLower();
     // Position of the first occurrence, or -1.
     int Find(LPCTSTR text) const;
-    int ReverseFind(char character) const;
     CString Left(int count) const;
     CString Mid(int first) const;
     CString Mid(int first, int count) const;

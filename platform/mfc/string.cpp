@@ -63,11 +63,6 @@ int CString::Find(LPCTSTR text) const {
     return position == std::string::npos ? -1 : static_cast<int>(position);
 }
 
-int CString::ReverseFind(char character) const {
-    const std::size_t position = text_.rfind(character);
-    return position == std::string::npos ? -1 : static_cast<int>(position);
-}
-
 CString CString::Left(int count) const {
     return Mid(0, count);
 }

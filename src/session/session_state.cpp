@@ -1,7 +1,5 @@
 #include "session/session_state.h"
 
-#include <algorithm>
-
 #include "session/query_frame.h"
 #include "session/side_connection.h"
 
@@ -30,10 +28,13 @@ Status StampStatus(const char* column, const char* value) {
 }
 
 CString HostDirectory() {
+    char program[kPathSize] = {};
     char path[kPathSize] = {};
-    GetModuleFileNameA(nullptr, path, kPathSize - 1);
-    const CString program(path);
-    return program.Left(std::max(program.ReverseFind('\\'), program.ReverseFind('/')) + 1);
+    GetModuleFileNameA(nullptr, program, kPathSize - 1);
+    // The system knows where the name begins: in some code pages a character ends in the byte of a separator.
+    char* name = nullptr;
+    GetFullPathNameA(program, kPathSize, path, &name);
+    return name == nullptr ? CString() : CString(path, static_cast<int>(name - path));
 }
 
 }  // namespace kalo

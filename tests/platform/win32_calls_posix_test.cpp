@@ -81,6 +81,21 @@ TEST(ModuleFileName, IsTheExecutableOrWhatATestSets) {
     EXPECT_EQ(GetModuleFileNameA(nullptr, name, sizeof name), length);
 }
 
+TEST(GetFullPathName, TellsWhereTheNameBegins) {
+    char path[64] = {};
+    char* name = nullptr;
+    EXPECT_EQ(GetFullPathNameA("/opt/./ソ\\host/../ソフト/a\\b.mdb", sizeof path, path, &name), 22U);
+    EXPECT_STREQ(path, "/opt/ソフト/a\\b.mdb");
+    EXPECT_STREQ(name, "a\\b.mdb");
+    EXPECT_EQ(GetFullPathNameA("/opt/", sizeof path, path, &name), 5U);
+    EXPECT_EQ(name, nullptr);
+    name = path;
+    EXPECT_EQ(GetFullPathNameA("/opt/b", 6, path, &name), 7U);
+    EXPECT_EQ(GetFullPathNameA("", sizeof path, path, &name), 0U);
+    EXPECT_STREQ(path, "/opt/") << "a call without an answer writes nothing";
+    EXPECT_EQ(name, path);
+}
+
 TEST(MultibyteCopy, NeverSplitsACharacter) {
     struct Case {
         const char* text;

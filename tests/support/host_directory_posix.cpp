@@ -5,7 +5,7 @@
 namespace support {
 
 std::filesystem::path SetHostDirectory(const std::filesystem::path& wanted) {
-    SetHostProgramPath((wanted / "host").string());
+    SetHostProgramPath((wanted / "host\\program").string());
     return wanted;
 }
 

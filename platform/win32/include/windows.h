@@ -64,6 +64,11 @@ void LeaveCriticalSection(CRITICAL_SECTION* section);
 // Path of the host program's executable for a null module. Returns its length; cut to the buffer when longer.
 DWORD GetModuleFileNameA(HMODULE module, LPSTR fileName, DWORD size);
 
+// The absolute path of a file, which need not exist, without "." and "..". `filePart` receives where its last
+// component begins in `buffer`, null for a directory. Returns the length; 0 for no path; the size that is
+// needed, with the terminator, when the buffer is too small (`buffer` and `filePart` then stay as they were).
+DWORD GetFullPathNameA(LPCSTR fileName, DWORD size, LPSTR buffer, LPSTR* filePart);
+
 // --- Variants
 // ------------------------------------------------------------------------------------------------
 
