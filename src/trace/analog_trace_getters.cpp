@@ -51,7 +51,8 @@ KaloStatus KALO_CALL KaloGetAnalogtraceNum(std::int16_t axis, std::uint32_t kind
         std::uint16_t hidden = 0;
         CountOffered(rows, [&](Rows& row) {
             if (!bitmap.Supports(row) || !IsOfTraceKind(row, kind)) return false;
-            const std::int32_t flag = row.Value("display_flag");
+            std::int32_t flag = -1;  // a NULL is neither
+            row.Number("display_flag", flag);
             if (flag == 1) ++shown;
             if (flag == 0) ++hidden;
             return true;

@@ -10,6 +10,8 @@ Status FindIoTraceInfoTable(std::uint32_t servoId, Status noName, const OnDaoErr
         CString named;
         if (!rows.Text("table_name", named)) return noName;
         table = named;
+        table.TrimLeft();
+        table.TrimRight();
         return kOk;
     });
 }
