@@ -18,8 +18,8 @@ KALO_BEGIN_DECLARATIONS
  *
  * For an axis without a row this runs a statement that the database engine refuses: it returns 0x2B8B0D12,
  * nothing is written, and the calling thread keeps the library's lock. The row keeps the model id as it is
- * given here: hosts pass the id of the model's variant if getters that read it (help, fixed I/O, switches)
- * are to answer for the variant.
+ * given here: hosts pass the id of the model's variant if getters that read it (help, fixed I/O, switches and
+ * others) are to answer for the variant.
  *
  * servo_id, servo_firmware, servo_custom_spec: the amplifier; custom specification 0 or KALO_NONE = standard
  * product. power_rating: kept as given. option_id, option_firmware, option_custom_spec: the option unit;

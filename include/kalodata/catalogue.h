@@ -15,7 +15,7 @@
  * A record is written whole: a missing value is 0 or an empty text in it. A single name or number that is
  * missing leaves the caller's memory as it was, unless the function has a code for it. When a function fails
  * nothing is written, but for the elements of an array that stand before the row that failed, and for the
- * first of two numbers when the second is missing.
+ * first of two outputs when the second is missing or cannot be read.
  *
  * A code with "+ DAO" has the engine's error number added; "+ 3021" also says that there is no such row.
  */
@@ -276,9 +276,9 @@ KALO_API KaloStatus KALO_CALL KaloGetPGInfoNum(uint32_t motor_id, uint16_t* coun
 KALO_API KaloStatus KALO_CALL KaloGetPGInfo(uint32_t motor_id, uint16_t count, KaloPGInfo* encoders);
 
 /*
- * Fills the names and units of `motor_specstring` in the database's language. The axis is not looked at.
- * 0x2BFF0243 not open; 0x2BFF0244 the names could not be filled; 0x2BFF0245 the units could not (the names
- * are).
+ * Fills the names and units of `motor_specstring`; of several units with one id, in whatever languages, the
+ * last row's. The axis is not looked at. 0x2BFF0243 not open; 0x2BFF0244 the names could not be filled;
+ * 0x2BFF0245 the units could not (the names are).
  */
 KALO_API KaloStatus KALO_CALL KaloMotorSpecStringCreate(int16_t axis_num);
 

@@ -112,7 +112,8 @@ KALO_API KaloStatus KALO_CALL KaloGetNibbleInfoElem(uint32_t axis_num, int32_t c
 /*
  * Name of the parameter with a fixed id, in a language.
  *
- *   name   256 bytes; cut and terminated; left as it was where the name is NULL
+ *   name   256 bytes, all of them written: cut and terminated, zeros behind the text; left as it was where
+ * the name is NULL
  *
  * Status: 0; 0x2BFF11F0 database not open; 0x2BFF1200 no such name; 0x2BFF11F1 reading failed.
  */

@@ -49,17 +49,24 @@ KALO_API KaloStatus KALO_CALL KaloGetIOAddress(int16_t axis_num, int16_t io_code
  * The signals that the four digits of a parameter allocate, lowest digit first.
  *
  *   address      of the parameter
- *   value_word   its word in the drive
- *   select_word  the word of the selection parameter (KaloGetIOSelectAddress); any without one
- *   input_mode   receives 0, or for inputs the mode that the selection parameter chooses instead of
- * allocation by parameter: all four records are then zero signals      four records; a digit whose value
- * allocates nothing gives a record of zeros
  *
- * An output's `reverse` comes from the selection parameter and stays as the caller passed it where that says
- * nothing. With another io_code only `input_mode` is written. 0x2A00002C not open; 0x2BC70000 unknown axis;
- * 0x2A00002F no I/O table; 0x2A00007A the input mode is NULL; 0x2BC80000 + DAO in the look-up, 0x2BCA0000
- * input selection, 0x2BCB0000 input allocation, 0x2BCC0000 output selection, 0x2BCD0000 output allocation
- * (each + DAO; records before it are filled).
+ *   value_word   its word in the drive
+ *
+ *   select_word  the word of the selection parameter (KaloGetIOSelectAddress); any without one
+ *
+ *   input_mode   receives 0, or for inputs the mode that the selection parameter chooses instead of
+ *                allocation by parameter: all four records are then zero
+ *
+ *   signals      four records; a digit whose value allocates nothing gives a record of zeros
+ *
+ * An output's `reverse` comes from the selection parameter's settings and stays as the caller passed it where
+ * none of them has the signal's reverse address; a digit without a setting counts as reverse address 0, not
+ * reversed. With another io_code only `input_mode` is written.
+ *
+ * 0x2A00002C not open; 0x2BC70000 unknown axis; 0x2A00002F no I/O table; 0x2A00007A the input mode is NULL;
+ * 0x2BC80000 + DAO in the look-up, 0x2BCA0000 input selection, 0x2BCB0000 input allocation, 0x2BCC0000 output
+ * selection, 0x2BCD0000 output allocation (each + DAO; records before it are filled). With 0x2A00007A and the
+ * errors in reading `input_mode` has been written.
  */
 KALO_API KaloStatus KALO_CALL KaloGetIOInfo(int16_t axis_num, int16_t io_code, int32_t address,
                                             int32_t value_word, int32_t select_word, uint16_t* input_mode,
@@ -91,7 +98,7 @@ KALO_API KaloStatus KALO_CALL KaloGetPELKIOInfoNum(int16_t pelkvalue, uint32_t* 
  * open; 0x2BFF0421 unknown axis; 0x2BFF0422 no parameter table; 0x2BFF0423 a DAO error in the look-up;
  * 0x2BFF0425 in counting; 0x2BFF0424 none (the count is written as 0). List: 0x2BFF0430 not open; 0x2BFF0431
  * unknown axis; 0x2BFF0432 no parameter table; 0x2BFF0433 a DAO error; 0x2BFF0434 none; 0x2BFF0435 a
- * parameter without id. In the last case the ids before it are written.
+ * parameter without id. In the last case, and after an error on the way, the ids before it are written.
  */
 KALO_API KaloStatus KALO_CALL KaloGetInputSignalPrmIDNum(int16_t axis_num, uint16_t* count);
 KALO_API KaloStatus KALO_CALL KaloGetInputSignalPrmID(int16_t axis_num, int32_t* ids);

@@ -21,7 +21,8 @@ typedef struct KaloMonitor {
     char category_name[128];
     char monitor_name[128];
     uint16_t display_type; /* how to show the value: number, hexadecimal, bit, ... */
-    char on_text[128];     /* of a bit; a text of 128 bytes or more fills the array without a terminator */
+    char on_text[128];     /* of a bit; a text of 128 bytes or more fills the array without a terminator,
+                              unless a character would be cut */
     char off_text[128];    /* as on_text */
     uint16_t size;         /* of the value, in bytes */
     char unit[50];

@@ -55,7 +55,8 @@ KALO_API KaloStatus KALO_CALL KaloCopy(uint16_t language);
  * MonitorID, copies of the base tables that KaloModelTableSelect chose, the last with monitor names in one
  * language.
  *
- * After a failed open, functions answer as for a closed database until KaloClose. Opening an open session
+ * When the file itself could not be opened, functions answer as for a closed database until KaloClose; after
+ * any later failure the database is open, with a part of the session's tables. Opening an open session
  * reopens the file and then fails with 0x2BFF06BD, because the first open's tables are still there; they
  * stay, KaloClose marks the file "Close", and the next KaloOpen fails in the same way: begin again with
  * KaloCopy after KaloRemove.

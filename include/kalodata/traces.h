@@ -188,6 +188,7 @@ KALO_API KaloStatus KALO_CALL KaloGetAnalogtraceMap(int16_t axis_num, uint32_t k
  *
  * Status: 0; 0x2BFF169B database not open; 0x2BFF1698 unknown axis; 0x2BFF169A a table is not built;
  * 0x2BFF169F a table is empty; 0x2BFF1699 looking up the axis, 0x2BFF169C reading a table failed.
+ * The first element of `analog` is written before the I/O table is looked at.
  */
 KALO_API KaloStatus KALO_CALL KaloGetTraceNoSettingValue(int32_t axis_num, uint16_t count,
                                                          KaloNoAnalogTrace* analog, KaloNoIoTrace* io);
@@ -196,6 +197,7 @@ KALO_API KaloStatus KALO_CALL KaloGetTraceNoSettingValue(int32_t axis_num, uint1
  * The same without an axis, from the last ids of the general tables. `reserved` is not used.
  *
  * Status: 0; 0x2BFF16AB database not open; 0x2BFF16AF a table is empty; 0x2BFF16AC reading failed.
+ * The first element of `analog` is written before the I/O table is looked at.
  */
 KALO_API KaloStatus KALO_CALL KaloGetTraceOfflineNoSettingValue(uint32_t reserved, uint16_t count,
                                                                 KaloNoAnalogTrace* analog, KaloNoIoTrace* io);
@@ -205,7 +207,7 @@ KALO_API KaloStatus KALO_CALL KaloGetTraceOfflineNoSettingValue(uint32_t reserve
  * unknown). Kind 1 compares the analog ids a1 and b1 (low 16 bits each); any other kind the I/O ids a3 and b3
  * (low 16 bits each) of the drives with the servo ids a1 and b1. a2 and b2 are not used.
  *
- * Status: always 0.
+ * Status: always 0. After a DAO error `*different` is 1 and the lock stays held.
  */
 KALO_API KaloStatus KALO_CALL KaloCheckTraceID(uint16_t kind, uint32_t a1, uint32_t a2, uint32_t a3,
                                                uint32_t b1, uint32_t b2, uint32_t b3, uint16_t* different);

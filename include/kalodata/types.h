@@ -6,9 +6,9 @@
 /*
  * What every exported function has in common.
  *
- * Calling convention: __stdcall on Windows. Inputs come by value (axis numbers signed 16 bits, ids and
- * versions 32 bits, indices and counts 16 bits), outputs go through pointers to memory that the caller owns.
- * The library keeps no pointer after a call and never hands out memory of its own.
+ * Calling convention: __stdcall on Windows. Inputs come by value (axis numbers 16 bits, in some functions
+ * 32; ids and versions 32 bits, indices and counts 16 bits), outputs go through pointers to memory that the
+ * caller owns. The library keeps no pointer after a call and never hands out memory of its own.
  *
  * Status: every function but KaloSetFileName returns 0 for success or a code that names the function and the
  * case (docs/status-codes.md lists them all). A code of the form 0x2Bnn0000 or 0x2Cnn0000 marked "+ DAO" has

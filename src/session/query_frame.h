@@ -88,6 +88,9 @@ class Rows {
   public:
     explicit Rows(const CString& statement);
     Rows(CDaoDatabase& database, const CString& statement);
+    Rows(const Rows&) = delete;
+    Rows& operator=(const Rows&) = delete;
+    ~Rows() { CloseQuietly(recordset_); }
 
     bool Empty() { return recordset_.IsBOF() && recordset_.IsEOF(); }
     bool AtEnd() { return recordset_.IsEOF(); }
@@ -193,7 +196,8 @@ struct AxisIdentity {
 // the lock in every case.
 Status ReadAxisIdentity(std::int32_t axis, Status codeBase, AxisIdentity& identity);
 
-// The same for functions that have codes of their own for both cases.
+// The same for functions that have codes of their own for both cases; a DAO error leaves the lock if
+// `onError` says so.
 Status ReadAxisIdentity(std::int32_t axis, Status noAxis, const OnDaoError& onError, AxisIdentity& identity);
 
 // Drops a working table: codeBase + 7 on a DAO error. Leaves the lock in every case.
