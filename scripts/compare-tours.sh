@@ -15,26 +15,28 @@ fail() {
 }
 
 # A folder with a host program, the library and the shipped files, as an installation has it.
-stage_linux() {
+stage_linux() {  # folder, [host program]
     mkdir -p "$1"
-    cp data/sample/*.mdb "$linux/tests/tour" "$linux/src/libkalodata.so" "$1"
+    cp data/sample/*.mdb "$linux/src/libkalodata.so" "$1"
+    cp "$linux/tests/tour" "$1/${2:-tour}"
 }
 stage_windows() {
     mkdir -p "$1"
-    cp data/sample/*.mdb "$windows/tests/tour.exe" "$windows/src/Kalodata.dll" "$1"
+    cp data/sample/*.mdb "$windows/src/Kalodata.dll" "$1"
+    cp "$windows/tests/tour.exe" "$1/${2:-tour}.exe"
 }
 
-# tour_* FOLDER WORKING-FILE LANGUAGE
-tour_linux() { (cd "$1" && ./tour ./libkalodata.so "$list" "$2" "$3"); }
-tour_windows() { (cd "$1" && "$OLDPWD/scripts/wine-run.sh" ./tour.exe Kalodata.dll "$list" "$2" "$3"); }
+# tour_* FOLDER WORKING-FILE LANGUAGE [HOST-PROGRAM]
+tour_linux() { (cd "$1" && "./${4:-tour}" ./libkalodata.so "$list" "$2" "$3"); }
+tour_windows() { (cd "$1" && "$OLDPWD/scripts/wine-run.sh" "./${4:-tour}.exe" Kalodata.dll "$list" "$2" "$3"); }
 
-compare() {  # language, locale, code page, folder, working file
-    local folder=$4
-    stage_linux "$work/linux/$folder"
-    stage_windows "$work/windows/$folder"
-    TOUR_CODE_PAGE=$3 tour_linux "$work/linux/$folder" "$5" "$1" >"$work/linux-$1.txt" &
+compare() {  # language, locale, code page, folder, host program, working file
+    local folder=$4 program=$5 file=$6
+    stage_linux "$work/linux/$folder" "$program"
+    stage_windows "$work/windows/$folder" "$program"
+    TOUR_CODE_PAGE=$3 tour_linux "$work/linux/$folder" "$file" "$1" "$program" >"$work/linux-$1.txt" &
     local beside=$!
-    KALODATA_WINE_LOCALE=$2 tour_windows "$work/windows/$folder" "$5" "$1" >"$work/windows-$1.txt" ||
+    KALODATA_WINE_LOCALE=$2 tour_windows "$work/windows/$folder" "$file" "$1" "$program" >"$work/windows-$1.txt" ||
         fail "the tour under $3 ended with $?: $(grep -a FAULT "$work/windows-$1.txt" | head -n 5)"
     wait $beside || fail "the tour on Linux ended with $?: $(grep -a FAULT "$work/linux-$1.txt" | head -n 5)"
     if ! cmp -s "$work/linux-$1.txt" "$work/windows-$1.txt"; then
@@ -90,9 +92,9 @@ read_only_folder() {
 }
 
 source scripts/as-root.sh
-compare 0 en_US.UTF-8 CP1252 english Work.mdb
+compare 0 en_US.UTF-8 CP1252 english tour Work.mdb
 # The trail bytes of these letters are backslashes in code page 932.
-compare 1 ja_JP.UTF-8 CP932 'ソフト 表示 能力' '予定 表.mdb'
+compare 1 ja_JP.UTF-8 CP932 'ソフト 表示 能力' 表 '予定 表.mdb'
 missing_file
 damaged_file
 file_in_use
