@@ -276,6 +276,8 @@ constexpr const char* kSession[] = {
     "UPDATE [tablemanager] SET [encodor_ability] = 1,[encodor_type] = \"Serial 20 bit\" WHERE([axis_num] = "
     "1)",
     "SELECT [ide_servo_id],[modify_flag_bitmask],[modify_flag],[modify_threshold_bitmask],[modify_threshold] "
+    "FROM [model_subspecies] WHERE [servo_id] = 17 ORDER BY [modify_threshold] DESC",
+    "SELECT [ide_servo_id],[modify_flag_bitmask],[modify_flag],[modify_threshold_bitmask],[modify_threshold] "
     "FROM [tavro2_model_subspecies] WHERE [servo_id] = 17 ORDER BY [modify_threshold] DESC",
     "SELECT * FROM [tablemanager] WHERE (userparameter_table = \"ax_uf\" AND axis_num <> 1)",
     "DELETE * FROM [tablemanager] WHERE axis_num = 1",
@@ -517,11 +519,16 @@ TEST(JetsqlStatements, AWholeSessionRuns) {
         EXPECT_EQ(database.ErrorOf(statement), 0) << statement;
 }
 
+// What registers an axis that no builder has given a row.
 TEST(JetsqlStatements, ElevenNamesForTenValuesAreRefused) {
     MemoryDatabase database;
-    database.Run("CREATE TABLE [t] ([a] LONG, [b] LONG)");
-    EXPECT_EQ(database.ErrorOf("INSERT INTO [t]([a],[b]) VALUES(1)"), 3346);
-    EXPECT_TRUE(database.Rows("SELECT * FROM [t]").empty());
+    LoadSample(database);
+    EXPECT_EQ(database.ErrorOf("INSERT INTO [tablemanager]([axis_num],[servo_id],[sFirm_version],"
+                               "[sCmod_version],[prate],[option_id],[oFirm_version],[oCmod_version],"
+                               "[motor_id],[eFirm_id],[original_servo_id]) "
+                               "VALUES(1,17,1,1,1,65533,1,1,301,1)"),
+              3346);
+    EXPECT_TRUE(database.Rows("SELECT * FROM [tablemanager]").empty());
 }
 
 }  // namespace
