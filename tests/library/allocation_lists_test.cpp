@@ -62,15 +62,17 @@ TEST_F(AllocationListsTest, EveryFailureHasItsCode) {
     for (const Direction& direction : kDirections) {
         Add("1", direction.firstFixedId);
         std::uint16_t count = 0;
-        std::int32_t id = 0;
+        std::int32_t ids[2] = {};
         ExpectFaults({.call = [&] { return direction.count(1, &count); },
-                      .regions = {Code(direction.countCodes + 3), Code(direction.countCodes + 5)}});
-        ExpectFaults(
-            {.call = [&] { return direction.list(1, &id); }, .regions = {Code(direction.listCodes + 3)}});
+                      .regions = {Code(direction.countCodes + 3), Code(direction.countCodes + 5)},
+                      .output = {BytesOf(count)}});
+        ExpectFaults({.call = [&] { return direction.list(1, ids); },
+                      .regions = {Code(direction.listCodes + 3)},
+                      .behind = {BytesOf(ids[1])}});
         EXPECT_EQ(direction.count(9, &count), direction.countCodes + 1);
-        EXPECT_EQ(direction.list(9, &id), direction.listCodes + 1);
+        EXPECT_EQ(direction.list(9, ids), direction.listCodes + 1);
         EXPECT_EQ(direction.count(2, &count), direction.countCodes + 2);
-        EXPECT_EQ(direction.list(2, &id), direction.listCodes + 2);
+        EXPECT_EQ(direction.list(2, ids), direction.listCodes + 2);
     }
     UseClosedDatabase();
     for (const Direction& direction : kDirections) {

@@ -8,13 +8,17 @@ namespace {
 using namespace support;
 using namespace monitor_tables;
 
-KaloMonitor monitor;
-KaloAlarm alarm;
-KaloIndexerAlarm indexerAlarm;
-KaloIoSignal signals[4];
+KaloMonitor monitors[2];
+KaloAlarm alarms[2];
+KaloIndexerAlarm indexerAlarms[2];
+KaloIoSignal signals[5];
 std::uint32_t id;
 std::int32_t address;
 std::uint16_t number;
+const Memory kOutput = {BytesOf(monitors), BytesOf(alarms),  BytesOf(indexerAlarms), BytesOf(signals),
+                        BytesOf(id),       BytesOf(address), BytesOf(number)};
+const Memory kBehind = {BytesOf(monitors[1]), BytesOf(alarms[1]), BytesOf(indexerAlarms[1]),
+                        BytesOf(signals[4])};
 
 // A getter that looks up one working table of the axis and reads it.
 struct Getter {
@@ -33,17 +37,17 @@ const Getter kGetters[] = {
      {Base(0x2B580000), Base(0x2B590000)},
      [](auto axis) { return KaloGetMonitorId(axis, 1, 0, &id); }},
     {{0x2A000028, 0x2A000029, 0x2A00002A},
-     {Base(0x2B5A0000), Base(0x2B5B0000)},
-     [](auto axis) { return KaloGetMonitorInfo(axis, 1, &monitor); }},
+     {Base(0x2B5A0000), Filling(Base(0x2B5B0000))},
+     [](auto axis) { return KaloGetMonitorInfo(axis, 1, monitors); }},
     {{0x2A000028, 0x2A000029, 0x2A00002A},
-     {Base(0x2B5A0000), Base(0x2B5B0000)},
-     [](auto axis) { return KaloGetAllMonitorInfo(axis, 1, &monitor); }},
+     {Base(0x2B5A0000), Filling(Base(0x2B5B0000))},
+     [](auto axis) { return KaloGetAllMonitorInfo(axis, 1, monitors); }},
     {{0x2A000008, 0x2BFF0713, 0x2BFF0713},
-     {Base(0x2B250000), Base(0x2B260000)},
-     [](auto axis) { return KaloGetAlarmInfo(axis, 1, &alarm); }},
+     {Base(0x2B250000), Filling(Base(0x2B260000))},
+     [](auto axis) { return KaloGetAlarmInfo(axis, 1, alarms); }},
     {{0x2BFF057D, 0x2BFF06DF, 0x2BFF06DF},
-     {Code(0x2BFF057A), Code(0x2BFF057C)},
-     [](auto axis) { return KaloGetIdxAlarmInfo(axis, 1, &indexerAlarm); }},
+     {Code(0x2BFF057A), Filling(Code(0x2BFF057C))},
+     [](auto axis) { return KaloGetIdxAlarmInfo(axis, 1, indexerAlarms); }},
     {{0x2BFF0070, 0x2BFF06DB, 0x2BFF06DB},
      {Code(0x2BFF0071), Code(0x2BFF0073)},
      [](auto axis) { return KaloGetAlarmNormalId(axis, &id); }},
@@ -72,7 +76,7 @@ const Getter kGetters[] = {
      {Base(0x2BC10000), Base(0x2BC50000)},
      [](auto axis) { return KaloGetIOAddress(axis, 1, 0, &address); }},
     {{0x2A00002C, 0x2BC70000, 0x2A00002F},
-     {Base(0x2BC80000), Base(0x2BCA0000), Base(0x2BCB0000)},
+     {Base(0x2BC80000), Filling(Base(0x2BCA0000)), Filling(Base(0x2BCB0000))},
      [](auto axis) { return KaloGetIOInfo(axis, 1, 5, 0, 0, &number, signals); }},
     {{0x2A00002C, 0x2BC70000, 0x2A00002F},
      {Base(0x2BCF0000), Base(0x2BD00000)},
@@ -125,7 +129,10 @@ TEST_F(AxisGettersCodesTest, UnknownAxesMissingTablesAndClosedDatabasesAreTold) 
 TEST_F(AxisGettersCodesTest, EveryFailingEngineCallHasItsCode) {
     for (const Getter& getter : kGetters) {
         SCOPED_TRACE(&getter - kGetters);
-        ExpectFaults({.call = [&getter] { return getter.call(1); }, .regions = getter.regions});
+        ExpectFaults({.call = [&getter] { return getter.call(1); },
+                      .regions = getter.regions,
+                      .output = kOutput,
+                      .behind = kBehind});
     }
 }
 

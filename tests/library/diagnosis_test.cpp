@@ -164,20 +164,23 @@ TEST_F(DiagnosisTest, ADiagnosisWithoutTypeStopsBoth) {
 TEST_F(DiagnosisTest, EveryFailingStatementHasItsCodeAndLeavesNoTable) {
     Add("[type],[confirm],[fixed_id_1],[condition_1]", "0,1,51,1");
     std::uint16_t count = 0;
-    KaloAlarmDiagnosis diagnosis;
+    KaloAlarmDiagnosis diagnoses[2];
     const auto number = [&](std::int16_t axis) { return KaloGetAlarmDiagDataNum(axis, kAlarm, 0, &count); };
-    const auto data = [&](std::int16_t axis) { return KaloGetAlarmDiagData(axis, kAlarm, 0, &diagnosis); };
+    const auto data = [&](std::int16_t axis) { return KaloGetAlarmDiagData(axis, kAlarm, 0, diagnoses); };
     const auto clean = [this] {
         if (TableExists("tempAlarm_diag")) Execute({"DROP TABLE [tempAlarm_diag]"});
     };
-    ExpectFaults(
-        {.call = [&] { return number(1); },
-         .regions = {Code(0x2BFF25A1), Code(0x2BFF25A2), Code(0x2BFF237C), Leaving(Code(0x2BFF2377))},
-         .prepare = clean});
+    ExpectFaults({.call = [&] { return number(1); },
+                  .regions = {Code(0x2BFF25A1), Code(0x2BFF25A2), Filling(Code(0x2BFF237C)),
+                              Filling(Leaving(Code(0x2BFF2377)))},
+                  .prepare = clean,
+                  .output = {BytesOf(count)}});
     ExpectFaults({.call = [&] { return data(1); },
                   .regions = {Code(0x2BFF25A1), Code(0x2BFF25A2), Code(0x2BFF2389), Code(0x2BFF237C),
-                              Code(0x2BFF239C), Leaving(Code(0x2BFF2397))},
-                  .prepare = clean});
+                              Filling(Code(0x2BFF239C)), Filling(Leaving(Code(0x2BFF2397)))},
+                  .prepare = clean,
+                  .output = {BytesOf(diagnoses)},
+                  .behind = {BytesOf(diagnoses[1])}});
     EXPECT_EQ(number(9), 0x2BFF25A0u);
     EXPECT_EQ(data(9), 0x2BFF25A0u);
     EXPECT_EQ(number(2), 0u) << "counting needs no monitor table";

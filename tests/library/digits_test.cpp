@@ -177,11 +177,13 @@ TEST_F(DigitsTest, GroupsAreCategoriesThenAdditionalOnes) {
 
 TEST_F(DigitsTest, EveryGetterHasItsCodes) {
     std::uint16_t count = 0;
-    KaloDigit digits[4];
-    KaloDigitValue values[4];
+    KaloDigit digits[5];
+    KaloDigitValue values[5];
     KaloDigitSwitch found;
-    KaloGroup groups[4];
+    KaloGroup groups[5];
     std::int32_t ids[4];
+    const Memory output = {BytesOf(count), BytesOf(found)};
+    const Memory behind = {BytesOf(digits[4]), BytesOf(values[4]), BytesOf(groups[4]), BytesOf(ids[3])};
     const auto build = [](KaloStatus base) {
         std::vector<FaultRegion> regions;
         for (const KaloStatus offset : {9, 0, 1, 2, 3, 4, 5, 6, 1, 1, 2, 3, 4, 5, 6}) {
@@ -195,7 +197,7 @@ TEST_F(DigitsTest, EveryGetterHasItsCodes) {
     switchRegions.push_back(Leaving(Code(0x2BFF1487)));
     std::vector<FaultRegion> memberCount = build(0x2BFF1640);
     memberCount.push_back(Code(0x2BFF164C));
-    memberCount.push_back(Leaving(Code(0x2BFF1647)));
+    memberCount.push_back(Filling(Leaving(Code(0x2BFF1647))));
     std::vector<FaultRegion> members = build(0x2BFF1650);
     for (const KaloStatus code : {0x2BFF165C, 0x2BFF165D, 0x2BFF165E, 0x2BFF165E})
         members.push_back(Code(code));
@@ -259,13 +261,20 @@ TEST_F(DigitsTest, EveryGetterHasItsCodes) {
         SCOPED_TRACE(getter.notOpen);
         EXPECT_EQ(getter.call(9), getter.noAxis);
         EXPECT_EQ(getter.call(2), getter.noTable);
-        ExpectFaults({.call = [&] { return getter.call(1); }, .regions = getter.regions, .prepare = clean});
+        ExpectFaults({.call = [&] { return getter.call(1); },
+                      .regions = getter.regions,
+                      .prepare = clean,
+                      .output = output,
+                      .behind = behind});
     }
     ExpectFaults({.call = [&] { return KaloGetNibbleInfoElem(1, 501, 4, 1, values); },
-                  .regions = {Code(0x2BFF11ED), Code(0x2BFF11EE), Code(0x2BFF11EE)}});
+                  .regions = {Code(0x2BFF11ED), Code(0x2BFF11EE), Code(0x2BFF11EE)},
+                  .output = output,
+                  .behind = behind});
     std::uint8_t name[256];
-    ExpectFaults(
-        {.call = [&] { return KaloGetNibbleParamName(77, 1, name); }, .regions = {Code(0x2BFF11F1)}});
+    ExpectFaults({.call = [&] { return KaloGetNibbleParamName(77, 1, name); },
+                  .regions = {Code(0x2BFF11F1)},
+                  .output = {BytesOf(name)}});
     ExpectNothingLeft();
     UseClosedDatabase();
     for (const auto& getter : getters)

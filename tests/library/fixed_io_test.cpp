@@ -84,23 +84,27 @@ TEST_F(FixedIoTest, EveryFailingStatementHasItsCodeAndLeavesNoTable) {
     KaloIoSignal signals[8];
     const struct {
         std::function<KaloStatus(std::int16_t)> call;
-        KaloStatus read, drop;
-    } cases[] = {{[&](auto axis) { return KaloGetFixedIONum(axis, 1, &count); }, 0x2BFF0864, 0x2BFF0865},
-                 {[&](auto axis) { return KaloGetFixedIOInfo(axis, 1, signals); }, 0x2BFF0867, 0x2BFF0868}};
+        FaultRegion read, drop;
+    } cases[] = {
+        {[&](auto axis) { return KaloGetFixedIONum(axis, 1, &count); }, Code(0x2BFF0864), Code(0x2BFF0865)},
+        {[&](auto axis) { return KaloGetFixedIOInfo(axis, 1, signals); }, Filling(Code(0x2BFF0867)),
+         Code(0x2BFF0868)}};
     for (const auto& c : cases) {
         std::vector<FaultRegion> regions;
         for (const KaloStatus code : {0x2BFF085E, 0x2BFF085F, 0x2BFF0861, 0x2BFF0862, 0x2BFF0863, 0x2BFF08B0,
                                       0x2BFF08B1, 0x2BFF08B2}) {
             regions.push_back(Code(code));
         }
-        regions.push_back(Code(c.read));
-        regions.push_back(Leaving(Code(c.drop)));
+        regions.push_back(c.read);
+        regions.push_back(Filling(Leaving(c.drop)));
         ExpectFaults({.call = [&] { return c.call(1); },
                       .regions = regions,
                       .prepare =
                           [this] {
                               if (TableExists("tempFixedIo")) Execute({"DROP TABLE [tempFixedIo]"});
-                          }});
+                          },
+                      .output = {BytesOf(count), BytesOf(signals)},
+                      .behind = {BytesOf(signals[7])}});
         EXPECT_EQ(c.call(9), 0x2BFF085Du);
     }
     Execute({"DROP TABLE [cmodfixedio]"});

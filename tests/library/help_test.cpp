@@ -3,12 +3,15 @@
 
 #include <cstring>
 #include <functional>
+#include <span>
 #include <string>
 #include <vector>
 
 #include "support/library_fixture.h"
 
 namespace {
+
+using support::BytesOf;
 
 constexpr std::size_t kHelpSize = 128;
 
@@ -100,7 +103,8 @@ TEST_F(HelpTest, AnswersWhenHelpCannotBeRead) {
     for (const Screen& screen : kScreens) {
         SCOPED_TRACE(screen.name);
         ExpectFaults({.call = [&] { return screen.call(1, help); },
-                      .regions = {support::Code(screen.axisFailed), support::Code(screen.helpFailed)}});
+                      .regions = {support::Code(screen.axisFailed), support::Code(screen.helpFailed)},
+                      .output = {BytesOf(help)}});
     }
     UseClosedDatabase();
     for (const Screen& screen : kScreens)
@@ -219,12 +223,15 @@ TEST_F(HelpTest, StopsAtAMissingTextAndReportsEmptyLists) {
 TEST_F(HelpTest, AnswersWhenReferencePulseChoicesCannotBeRead) {
     std::uint16_t count = 0;
     std::string elements(4 * 68, '#');
+    const auto behind = std::as_writable_bytes(std::span(elements));
     for (const Kind& kind : kKinds) {
         SCOPED_TRACE(kind.name);
         ExpectFaults({.call = [&] { return kind.count(0, &count); },
-                      .regions = {Leaving(support::Code(kind.firstCode + 2))}});
+                      .regions = {Leaving(support::Code(kind.firstCode + 2))},
+                      .output = {BytesOf(count)}});
         ExpectFaults({.call = [&] { return kind.list(0, elements.data()); },
-                      .regions = {Leaving(support::Code(kind.firstCode + 7))}});
+                      .regions = {Leaving(support::Code(kind.firstCode + 7))},
+                      .behind = {behind.subspan(kind.choices.size() * kind.size)}});
     }
     UseClosedDatabase();
     for (const Kind& kind : kKinds) {

@@ -179,7 +179,9 @@ TEST_F(IoTest, PelkSelectorsHaveSevenSignals) {
     EXPECT_EQ(count, 0u);
     ExpectFaults(
         {.call = [&] { return KaloGetPELKIOInfo(1, guarded.record); }, .regions = {Base(0x2BCE0000)}});
-    ExpectFaults({.call = [&] { return KaloGetPELKIOInfoNum(1, &count); }, .regions = {Base(0x2BCE0000)}});
+    ExpectFaults({.call = [&] { return KaloGetPELKIOInfoNum(1, &count); },
+                  .regions = {Base(0x2BCE0000)},
+                  .output = {BytesOf(count)}});
     EXPECT_TRUE(guarded.GuardsIntact());
     UseClosedDatabase();
     EXPECT_EQ(KaloGetPELKIOInfo(1, guarded.record), 0x2A00002Cu);
@@ -193,15 +195,19 @@ TEST_F(IoTest, SelectionsAndAllocationsFailWithTheirOwnCodes) {
         for (int digit = 0; digit < 4; ++digit)
             Allocate(direction, 300, digit, 0, "'a','b',0,0,0");
     }
-    KaloIoSignal signals[4];
+    KaloIoSignal signals[5];
     std::uint16_t mode = 0;
     const auto decode = [&](std::int16_t direction) {
         return KaloGetIOInfo(1, direction, 300, 0, 0, &mode, signals);
     };
     ExpectFaults({.call = [&] { return decode(kIn); },
-                  .regions = {Base(0x2BC80000), Base(0x2BCA0000), Base(0x2BCB0000)}});
+                  .regions = {Base(0x2BC80000), Filling(Base(0x2BCA0000)), Filling(Base(0x2BCB0000))},
+                  .output = {BytesOf(mode), BytesOf(signals)},
+                  .behind = {BytesOf(signals[4])}});
     ExpectFaults({.call = [&] { return decode(kOut); },
-                  .regions = {Base(0x2BC80000), Base(0x2BCC0000), Base(0x2BCD0000)}});
+                  .regions = {Base(0x2BC80000), Filling(Base(0x2BCC0000)), Filling(Base(0x2BCD0000))},
+                  .output = {BytesOf(mode), BytesOf(signals)},
+                  .behind = {BytesOf(signals[4])}});
 }
 
 }  // namespace

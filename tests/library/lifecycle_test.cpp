@@ -8,6 +8,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using support::Base;
+using support::BytesOf;
 using support::Code;
 using support::Leaving;
 
@@ -268,7 +269,9 @@ TEST_F(LifecycleTest, FailingEngineCalls) {
                   }});
     RestoreDatabase();
     char name[KALO_MDB_NAME_SIZE];
-    ExpectFaults({.call = [&] { return KaloGetMdbName(name); }, .regions = {Code(0x2BFF0127)}});
+    ExpectFaults({.call = [&] { return KaloGetMdbName(name); },
+                  .regions = {Code(0x2BFF0127)},
+                  .output = {BytesOf(name)}});
 }
 
 // Whatever fails while the working file is looked at, it is made anew; a new copy that cannot be stamped is

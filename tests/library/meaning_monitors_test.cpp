@@ -111,20 +111,24 @@ TEST_F(MeaningMonitorsTest, FunctionsComeWithTheMonitorsOfTheAxisWithinTheirNumb
 }
 
 TEST_F(MeaningMonitorsTest, EveryFailingStatementHasItsCodeAndLeavesNoTable) {
+    std::uint16_t count;
     std::uint16_t numbers[kRoom];
     KaloMeaningMonitor monitors[kRoom];
     Execute({"UPDATE [tablemanager] SET [oCmod_version] = 5 WHERE [axis_num] = 1",
              "INSERT INTO [MeaningMonInfo] VALUES (7,3,1,51,0,1)"});
     const struct {
         KaloStatus base;
+        bool lists;
         bool readsMonitors;
         bool modifies;
         std::function<KaloStatus(std::int32_t axis)> call;
     } cases[] = {
-        {0x2BFF21A0, false, false, [&](auto axis) { return KaloGetMeaningMonGrpNum(axis, 1, numbers); }},
-        {0x2BFF21B0, false, false, [&](auto axis) { return KaloGetMeaningMonGrp(axis, 1, numbers); }},
-        {0x2BFF21C0, false, true, [&](auto axis) { return KaloGetAllMeaningMonInfoNum(axis, numbers); }},
-        {0x2BFF21D0, true, true, [&](auto axis) { return KaloGetAllMeaningMonInfo(axis, monitors); }},
+        {0x2BFF21A0, false, false, false,
+         [&](auto axis) { return KaloGetMeaningMonGrpNum(axis, 1, &count); }},
+        {0x2BFF21B0, true, false, false, [&](auto axis) { return KaloGetMeaningMonGrp(axis, 1, numbers); }},
+        {0x2BFF21C0, false, false, true,
+         [&](auto axis) { return KaloGetAllMeaningMonInfoNum(axis, &count); }},
+        {0x2BFF21D0, true, true, true, [&](auto axis) { return KaloGetAllMeaningMonInfo(axis, monitors); }},
     };
     for (const auto& c : cases) {
         std::vector<FaultRegion> regions;
@@ -133,15 +137,20 @@ TEST_F(MeaningMonitorsTest, EveryFailingStatementHasItsCodeAndLeavesNoTable) {
             const bool modify = offset == 1 || offset == 4;
             if (!modify || c.modifies) regions.push_back(Leaving(Code(c.base + offset)));
         }
-        regions.push_back(Code(c.base + 12));
-        regions.push_back(Leaving(Code(c.base + 7)));
+        const FaultRegion read = Code(c.base + 12);
+        regions.push_back(c.lists ? Filling(read) : read);
+        regions.push_back(Filling(Leaving(Code(c.base + 7))));
         // What a failing drop leaves is in the way of the next call only.
         const auto clean = [this] {
             for (const char* table : {"tempMeaningMonGrp", "tempmeaningmoninfo"}) {
                 if (TableExists(table)) Execute({"DROP TABLE [" + std::string(table) + "]"});
             }
         };
-        ExpectFaults({.call = [&c] { return c.call(1); }, .regions = regions, .prepare = clean});
+        ExpectFaults({.call = [&c] { return c.call(1); },
+                      .regions = regions,
+                      .prepare = clean,
+                      .output = {BytesOf(count), BytesOf(numbers), BytesOf(monitors)},
+                      .behind = {BytesOf(numbers[kRoom - 1]), BytesOf(monitors[kRoom - 1])}});
         EXPECT_EQ(c.call(9), c.base + 8);
     }
     ExpectNothingLeft();

@@ -153,7 +153,8 @@ TEST_F(MonitorGettersTest, ListsHideTheMaintenanceMonitors) {
 
     const auto list = [&] { return KaloGetMonitorListWithCategory(1, guarded.record); };
     ExpectFaults({.call = [&] { return KaloGetMonitorListNumWithCategory(1, &count); },
-                  .regions = {Base(0x2C000000)}});
+                  .regions = {Base(0x2C000000)},
+                  .output = {BytesOf(count)}});
     ExpectFaults({.call = list, .regions = {Base(0x2C010000)}});
     Execute({"UPDATE [MonitorID] SET [monitor_id] = NULL WHERE [display_order] = 2"});
     EXPECT_EQ(list(), 0x2BFF1035u);

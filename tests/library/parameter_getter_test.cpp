@@ -10,13 +10,15 @@
 namespace {
 
 using support::Base;
+using support::BytesOf;
 using support::Code;
+using support::Filling;
 using support::Guarded;
 using testing::ElementsAre;
 
 constexpr std::uint32_t kNone = KALO_NO_OPTION;
 
-KaloUserParameter record;
+KaloUserParameter records[2];
 std::uint16_t number;
 std::uint32_t id;
 
@@ -33,10 +35,10 @@ const Getter kGetters[] = {
      0x2A000068, 0x2A000069, 0, Base(0x2B7D0000), Base(0x2B7E0000)},
     {"KaloGetUParaId", [](std::int16_t axis) { return KaloGetUParaId(axis, 0, &id); }, 0x2A00005F, 0x2A000060,
      0x2A000061, 0x2A000062, Base(0x2B740000), Base(0x2B750000)},
-    {"KaloGetUParaInfo", [](std::int16_t axis) { return KaloGetUParaInfo(axis, 1, &record); }, 0x2A000064,
-     0x2A000065, 0x2A000066, 0x2A000071, Base(0x2B790000), Base(0x2B7A0000)},
-    {"KaloGetAllUParaInfo", [](std::int16_t axis) { return KaloGetAllUParaInfo(axis, 1, &record); },
-     0x2A000064, 0x2A000065, 0x2A000066, 0x2A000071, Base(0x2B7B0000), Base(0x2B7C0000)},
+    {"KaloGetUParaInfo", [](std::int16_t axis) { return KaloGetUParaInfo(axis, 1, records); }, 0x2A000064,
+     0x2A000065, 0x2A000066, 0x2A000071, Filling(Base(0x2B790000)), Filling(Base(0x2B7A0000))},
+    {"KaloGetAllUParaInfo", [](std::int16_t axis) { return KaloGetAllUParaInfo(axis, 1, records); },
+     0x2A000064, 0x2A000065, 0x2A000066, 0x2A000071, Filling(Base(0x2B7B0000)), Filling(Base(0x2B7C0000))},
     {"KaloUparaUpdate", [](std::int16_t axis) { return KaloUparaUpdate(axis, 7); }, 0x2BFF1570, 0x2BFF1571,
      0x2BFF1572, 0x2BFF1573, Code(0x2BFF1574), Code(0x2BFF1575)},
 };
@@ -97,7 +99,10 @@ TEST_F(ParameterGetterTest, AnswersEachCheckWithItsOwnCode) {
 TEST_F(ParameterGetterTest, FailingEngineCalls) {
     for (const Getter& getter : kGetters) {
         SCOPED_TRACE(getter.name);
-        ExpectFaults({.call = [&] { return getter.call(1); }, .regions = {getter.lookup, getter.query}});
+        ExpectFaults({.call = [&] { return getter.call(1); },
+                      .regions = {getter.lookup, getter.query},
+                      .output = {BytesOf(number), BytesOf(id), BytesOf(records)},
+                      .behind = {BytesOf(records[1])}});
     }
     SaveDatabase();
     ExpectFaults({.call = [] { return KaloUparaUpdate(1, 8); },
@@ -218,11 +223,11 @@ TEST_F(ParameterGetterTest, CustomSpecs) {
                                "(17,5,1,101)", "(18,65533,1,404)", "(5,5,2,NULL)", "(6,65533,1,NULL)"}) {
         Execute({insert + values});
     }
-    std::uint32_t ids[3] = {7, 7, 7};
+    std::uint32_t ids[4] = {7, 7, 7, 7};
     EXPECT_EQ(KaloGetUserCmodId(17, kNone, 1, 3, ids), 0u);
-    EXPECT_THAT(ids, ElementsAre(101u, 202u, 7u));
+    EXPECT_THAT(ids, ElementsAre(101u, 202u, 7u, 7u));
     EXPECT_EQ(KaloGetUserCmodId(17, kNone, 1, 1, ids + 2), 0u);
-    EXPECT_THAT(ids, ElementsAre(101u, 202u, 101u));
+    EXPECT_THAT(ids, ElementsAre(101u, 202u, 101u, 7u));
     EXPECT_EQ(KaloGetUserCmodId(17, 5, 2, 3, ids), 0x2A00006Bu) << "no option is both 17 and 5";
     EXPECT_EQ(KaloGetUserCmodId(19, kNone, 1, 3, ids), 0x2A00006Bu);
     EXPECT_EQ(KaloGetUserCmodId(17, kNone, 3, 3, ids), 0x2A00006Bu);
@@ -236,8 +241,9 @@ TEST_F(ParameterGetterTest, CustomSpecs) {
     EXPECT_EQ(summary.count, 0);
     EXPECT_EQ(KaloGetUserCmodNum(6, kNone, &summary), 0x2A00006Eu);
 
-    ExpectFaults(
-        {.call = [&] { return KaloGetUserCmodId(17, kNone, 1, 3, ids); }, .regions = {Base(0x2B7F0000)}});
+    ExpectFaults({.call = [&] { return KaloGetUserCmodId(17, kNone, 1, 3, ids); },
+                  .regions = {Base(0x2B7F0000)},
+                  .behind = {BytesOf(ids[3])}});
     ExpectFaults(
         {.call = [&] { return KaloGetUserCmodNum(17, kNone, &summary); }, .regions = {Base(0x2B800000)}});
     UseClosedDatabase();

@@ -253,12 +253,15 @@ struct Getter {
 
 TEST_F(TraceTest, EveryGetterHasItsCodes) {
     std::uint16_t words[8] = {};
+    std::uint32_t id;
     std::uint32_t ids[8];
     KaloTraceMap map[8];
     KaloAnalogTrace analog;
     KaloIoTrace io;
-    KaloNoAnalogTrace noAnalog;
-    KaloNoIoTrace noIo;
+    KaloNoAnalogTrace noAnalog[2];
+    KaloNoIoTrace noIo[2];
+    const Memory output = {BytesOf(words), BytesOf(id), BytesOf(analog), BytesOf(io)};
+    const Memory behind = {BytesOf(ids[7]), BytesOf(map[7]), BytesOf(noAnalog[1]), BytesOf(noIo[1])};
     const Getter getters[] = {
         {0x2BFF0018,
          0x2BFF0019,
@@ -277,12 +280,12 @@ TEST_F(TraceTest, EveryGetterHasItsCodes) {
          0x2BFF001F,
          0,
          {Code(0x2BFF0020), Base(0x2BF90000)},
-         [&](auto axis) { return KaloGetAnalogtraceInfoId(axis, 1, 0, 1, ids); }},
+         [&](auto axis) { return KaloGetAnalogtraceInfoId(axis, 1, 0, 1, &id); }},
         {0x2BFF0022,
          0x2BFF06F2,
          0x2BFF06F2,
          0x2BFE0000,
-         {Code(0x2BFF0021), Code(0x2BFF06F5)},
+         {Code(0x2BFF0021), Filling(Code(0x2BFF06F5))},
          [&](auto axis) { return KaloGetAnalogtraceInfo(axis, 1, &analog); }},
         {0x2BFF153B,
          0x2BFF1538,
@@ -301,7 +304,7 @@ TEST_F(TraceTest, EveryGetterHasItsCodes) {
          0x2BFF169A,
          0x2BFF169F,
          {Code(0x2BFF1699), Code(0x2BFF169C), Code(0x2BFF1699), Code(0x2BFF169C)},
-         [&](auto axis) { return KaloGetTraceNoSettingValue(axis, 1, &noAnalog, &noIo); }},
+         [&](auto axis) { return KaloGetTraceNoSettingValue(axis, 1, noAnalog, noIo); }},
         {0x2BF00000,
          0x2BF10000,
          0x2BF20000,
@@ -319,12 +322,12 @@ TEST_F(TraceTest, EveryGetterHasItsCodes) {
          0x2BF70000,
          0x2BF90000,
          {Code(0x2BFF0778), Base(0x2BF90000)},
-         [&](auto axis) { return KaloGetIotraceInfoId(axis, 1, 0, ids); }},
+         [&](auto axis) { return KaloGetIotraceInfoId(axis, 1, 0, &id); }},
         {0x2BFB0000,
          0x2BFF077A,
          0x2BFF077B,
          0x2BFE0000,
-         {Code(0x2BFF077C), Code(0x2BFF077D)},
+         {Code(0x2BFF077C), Filling(Code(0x2BFF077D))},
          [&](auto axis) { return KaloGetIotraceInfo(axis, 301, &io); }},
         {0x2BFF155B,
          0x2BFF1558,
@@ -343,20 +346,33 @@ TEST_F(TraceTest, EveryGetterHasItsCodes) {
         SCOPED_TRACE(getter.notOpen);
         EXPECT_EQ(getter.call(9), getter.noAxis);
         EXPECT_EQ(getter.call(2), getter.noTable);
-        ExpectFaults({.call = [&] { return getter.call(1); }, .regions = getter.regions});
+        ExpectFaults({.call = [&] { return getter.call(1); },
+                      .regions = getter.regions,
+                      .output = output,
+                      .behind = behind});
     }
     MakeConversionTables();
     Execute({"SELECT * INTO [AnalogTraceInfoQuery] FROM [A]"});
     ExpectFaults({.call = [&] { return KaloGetAnalogtraceOfflineInfo(0, 1, &analog); },
-                  .regions = {Code(0x2BFF1401)}});
+                  .regions = {Filling(Code(0x2BFF1401))},
+                  .output = output,
+                  .behind = behind});
     ExpectFaults({.call = [&] { return KaloGetIotraceOfflineInfo(34, 61, &io, 0, 0); },
-                  .regions = {Code(0x2BFF1411), Code(0x2BFF1412)}});
-    ExpectFaults({.call = [&] { return KaloGetTraceOfflineNoSettingValue(0, 1, &noAnalog, &noIo); },
-                  .regions = {Code(0x2BFF16AC), Code(0x2BFF16AC)}});
-    ExpectFaults({.call = [&] { return KaloConvertTraceID(1, 1, 51, 0, 0, ids); },
-                  .regions = {Code(0x2BFF16CC), Code(0x2BFF0021), Code(0x2BFF06F5)}});
-    ExpectFaults({.call = [&] { return KaloConvertTraceID(1, 2, 34, 0, 61, ids); },
-                  .regions = {Code(0x2BFF16DC), Code(0x2BFF16DD), Code(0x2BFF077C), Code(0x2BFF077D)}});
+                  .regions = {Code(0x2BFF1411), Filling(Code(0x2BFF1412))},
+                  .output = output,
+                  .behind = behind});
+    ExpectFaults({.call = [&] { return KaloGetTraceOfflineNoSettingValue(0, 1, noAnalog, noIo); },
+                  .regions = {Code(0x2BFF16AC), Code(0x2BFF16AC)},
+                  .output = output,
+                  .behind = behind});
+    ExpectFaults({.call = [&] { return KaloConvertTraceID(1, 1, 51, 0, 0, &id); },
+                  .regions = {Code(0x2BFF16CC), Code(0x2BFF0021), Code(0x2BFF06F5)},
+                  .output = output,
+                  .behind = behind});
+    ExpectFaults({.call = [&] { return KaloConvertTraceID(1, 2, 34, 0, 61, &id); },
+                  .regions = {Code(0x2BFF16DC), Code(0x2BFF16DD), Code(0x2BFF077C), Code(0x2BFF077D)},
+                  .output = output,
+                  .behind = behind});
     Execute({"DELETE * FROM [A]", "DELETE * FROM [I]"});
     for (const Getter& getter : getters)
         EXPECT_EQ(getter.call(1), getter.empty) << getter.notOpen;
@@ -367,9 +383,9 @@ TEST_F(TraceTest, EveryGetterHasItsCodes) {
         EXPECT_EQ(getter.call(1), getter.notOpen);
     EXPECT_EQ(KaloGetAnalogtraceOfflineInfo(0, 1, &analog), 0x2BFF1400u);
     EXPECT_EQ(KaloGetIotraceOfflineInfo(34, 61, &io, 0, 0), 0x2BFF1410u);
-    EXPECT_EQ(KaloGetTraceOfflineNoSettingValue(0, 1, &noAnalog, &noIo), 0x2BFF16ABu);
-    EXPECT_EQ(KaloConvertTraceID(1, 1, 51, 0, 0, ids), 0x2BFF16C8u);
-    EXPECT_EQ(KaloConvertTraceID(1, 2, 34, 0, 61, ids), 0x2BFF16DBu);
+    EXPECT_EQ(KaloGetTraceOfflineNoSettingValue(0, 1, noAnalog, noIo), 0x2BFF16ABu);
+    EXPECT_EQ(KaloConvertTraceID(1, 1, 51, 0, 0, &id), 0x2BFF16C8u);
+    EXPECT_EQ(KaloConvertTraceID(1, 2, 34, 0, 61, &id), 0x2BFF16DBu);
     EXPECT_EQ(KaloCheckTraceID(1, 51, 0, 0, 51, 0, 0, words), 0u);
     EXPECT_EQ(words[0], 1);
     EXPECT_EQ(KaloAnalogtraceCreate(0, 17, 0, 0, 65533, 0, 0, 1, 2, 0), 0x2A000009u);

@@ -87,6 +87,22 @@ void ExpectNoError(const std::string& statement, Body&& body) {
     EXPECT_EQ(number, 0) << statement << ": " << text;
 }
 
+constexpr std::byte kBefore{0xEE};
+
+void Overwrite(const Memory& memory) {
+    for (const std::span<std::byte> part : memory)
+        std::fill(part.begin(), part.end(), kBefore);
+}
+
+// Checks that each part of the memory is as Overwrite left it.
+void ExpectUntouched(const char* name, const Memory& memory) {
+    for (std::size_t i = 0; i < memory.size(); ++i) {
+        EXPECT_TRUE(
+            std::all_of(memory[i].begin(), memory[i].end(), [](std::byte value) { return value == kBefore; }))
+            << name << ' ' << i << " was written to";
+    }
+}
+
 void CopyDatabase(const fs::path& from, const fs::path& to) {
     fileio::RemoveSidecarFiles(to);
     CopyOver(from, to);
@@ -222,6 +238,8 @@ void LibraryTest::FailEveryCall(const FaultCase& fault, bool everAfter) {
     auto expected = fault.regions.begin();
     for (long nth = 1; nth < kMostCalls; ++nth) {
         if (fault.prepare) fault.prepare();
+        Overwrite(fault.output);
+        Overwrite(fault.behind);
         seam::FailCall(nth, kInjected, everAfter);
         const KaloStatus status = fault.call();
         const bool failed = seam::FailedCall().has_value();
@@ -243,7 +261,10 @@ void LibraryTest::FailEveryCall(const FaultCase& fault, bool everAfter) {
         });
         ASSERT_NE(expected, fault.regions.end())
             << "call " << nth << " gives 0x" << std::hex << status << ", which is no region or out of order";
-        EXPECT_EQ(depth, expected->leavesLock ? 0 : 1) << "call " << nth << ", 0x" << std::hex << status;
+        SCOPED_TRACE(testing::Message() << "call " << nth << ", 0x" << std::hex << status);
+        EXPECT_EQ(depth, expected->leavesLock ? 0 : 1);
+        if (!expected->fills) ExpectUntouched("output", fault.output);
+        ExpectUntouched("memory behind the output", fault.behind);
     }
     FAIL() << "the call never completed";
 }

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstring>
 #include <functional>
 #include <initializer_list>
@@ -52,24 +53,39 @@ class Guarded {
     std::array<unsigned char, 64> after_;
 };
 
+// An object of the caller's as bytes.
+template <class Object>
+std::span<std::byte> BytesOf(Object& object) {
+    return std::as_writable_bytes(std::span(&object, 1));
+}
+
 // What one locked stretch of a function answers when the engine fails in it.
 struct FaultRegion {
     KaloStatus base;
     bool addsNumber = true;   // the engine's error number is added
     bool leavesLock = false;  // the lock is left
+    bool fills = false;       // the output may be filled, in part or whole
 
     friend bool operator==(const FaultRegion&, const FaultRegion&) = default;
 };
 
 inline FaultRegion Code(KaloStatus code) {
-    return {code, false, false};
+    return {.base = code, .addsNumber = false};
 }
 inline FaultRegion Base(KaloStatus base) {
-    return {base, true, false};
+    return {.base = base};
 }
 inline FaultRegion Leaving(FaultRegion region) {
-    return {region.base, region.addsNumber, true};
+    region.leavesLock = true;
+    return region;
 }
+inline FaultRegion Filling(FaultRegion region) {
+    region.fills = true;
+    return region;
+}
+
+// Parts of the caller's memory.
+using Memory = std::vector<std::span<std::byte>>;
 
 // A function whose every engine call is made to fail, one after another.
 struct FaultCase {
@@ -79,6 +95,10 @@ struct FaultCase {
     bool onceOnly = false;               // do not let the later calls fail too
     std::function<void()> prepare = {};  // before each call; nothing by default
     std::function<void()> check = {};    // after each call; nothing by default
+    // The caller's memory, overwritten before each call. A failed call leaves it as it was: the output unless
+    // the region fills it, and what lies behind the output.
+    Memory output = {};
+    Memory behind = {};
 };
 
 // The library on a database in a directory of its own. Every test starts with a freshly loaded library
@@ -133,8 +153,8 @@ class LibraryTest : public testing::Test {
     static void ReloadLibrary();
 
     // Fails the 1st, 2nd, 3rd … engine call of a function, once and ever after, until it completes. Checks
-    // that every status is that of a region, in order, that the lock is as the region says and that nothing
-    // stays open.
+    // that every status is that of a region, in order, that the lock is as the region says, that nothing
+    // stays open and that the caller's memory is left alone where it must be.
     void ExpectFaults(const FaultCase& fault);
 
   private:
