@@ -141,7 +141,8 @@ KALO_API KaloStatus KALO_CALL KaloGetErrorId(int16_t axis_num, uint32_t* monitor
  * applies always). Makes a temporary table and drops it, so that calls for diagnoses must not overlap.
  * 0x2BFF237B not open; 0x2BFF25A0 unknown axis; 0x2BFF237E a diagnosis without type (the number before it is
  * written); 0x2BFF237C a DAO error in counting; 0x2BFF25A1, 0x2BFF25A2 a DAO error in reading the axis, in
- * making the temporary table; 0x2BFF2377 it could not be dropped.
+ * making the temporary table; 0x2BFF2377 it could not be dropped (the number is written). After 0x2BFF237C
+ * the number is that of the rows before the error.
  */
 KALO_API KaloStatus KALO_CALL KaloGetAlarmDiagDataNum(int16_t axis_num, uint32_t alarm_code,
                                                       uint32_t type_mask, uint16_t* count);

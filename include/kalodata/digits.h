@@ -157,7 +157,7 @@ KALO_API KaloStatus KALO_CALL KaloGetAllGroupInfo(int32_t axis_num, uint16_t cou
  *
  * Status: 0; 0x2BFF164A database not open; 0x2BFF164B unknown axis, 0x2BFF1649 reading it failed; 0x2BFF1640
  * base rows, 0x2BFF1641 to 0x2BFF1646 a delta step failed; 0x2BFF164C counting failed; 0x2BFF1647 dropping
- * the temporary table failed.
+ * the temporary table failed (`count` is written). Otherwise `count` is written on success only.
  */
 KALO_API KaloStatus KALO_CALL KaloGetAddGroupPrmNum(int32_t axis_num, int32_t category_id, uint16_t* count);
 

@@ -119,7 +119,7 @@ KALO_API KaloStatus KALO_CALL KaloGetOutputSignalPrmID(int16_t axis_num, int32_t
  * so that calls for fixed signals must not overlap. 0x2BFF085D unknown axis; 0x2BFF085E not open, or a DAO
  * error in the look-up; 0x2BFF085F the base rows could not be copied; 0x2BFF0861 to 0x2BFF0863 a firmware
  * change and 0x2BFF08B0 to 0x2BFF08B2 a change of the custom specification failed (modify, insert, delete);
- * 0x2BFF0864 a DAO error in counting; 0x2BFF0865 the table could not be dropped.
+ * 0x2BFF0864 a DAO error in counting; 0x2BFF0865 the table could not be dropped (the number is written).
  */
 KALO_API KaloStatus KALO_CALL KaloGetFixedIONum(int16_t axis_num, int32_t inout, uint16_t* count);
 

@@ -148,8 +148,8 @@ KALO_API KaloStatus KALO_CALL KaloGetMonitorListWithCategory(uint16_t category_n
  * Codes, counted from each function's base: + 0 the base rows could not be copied; + 1 to + 3 a firmware
  * change and
  * + 4 to + 6 a change of the custom specification failed (modify, insert, delete); + 7 the temporary table
- * could not be dropped; + 8 unknown axis; + 9 its identity could not be read; + 11 not open; + 12 the rows
- * could not be read.
+ * could not be dropped (the answer is written); + 8 unknown axis; + 9 its identity could not be read; + 11
+ * not open; + 12 the rows could not be read (the elements before the error are written).
  */
 
 /* Number of functions in a group; 0 for none. Base 0x2BFF21A0. */

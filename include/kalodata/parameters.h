@@ -199,7 +199,8 @@ KALO_API KaloStatus KALO_CALL KaloGetUserCmodId(int32_t model_id, uint32_t optio
 
 /*
  * How many custom specifications of an amplifier model change user parameters. Without any, the status is 0
- * and the record is zero.
+ * and the record is zero. The record is zeroed before reading, and stays so or filled in part when that
+ * fails.
  *
  * 0x2A00006D        no open database
  * 0x2A00006E        a number is NULL
@@ -219,6 +220,8 @@ KALO_API KaloStatus KALO_CALL KaloGetUserCmodNum(uint32_t model_id, uint32_t opt
  * 0x2BFF011B  the axis has no row
  * 0x2BFF011C  the axis has no identity yet (KaloModelInfoCreate was not called)
  * 0x2BFF011D  the database failed
+ *
+ * Unless the database is closed, `changed` is written in each case: 0 where the failure came first.
  */
 KALO_API KaloStatus KALO_CALL KaloGetUparaChangeInfo(int16_t axis_num, uint32_t version_a, uint32_t version_b,
                                                      uint32_t option_version_a, uint32_t option_version_b,

@@ -151,7 +151,7 @@ KALO_API KaloStatus KALO_CALL KaloGetAnalogtraceInfoId(int16_t axis_num, uint32_
  *
  * Status: 0; 0x2BFF0022 database not open; 0x2BFF06F2 unknown axis or no table built; 0x2BFE0000 no such
  * target: the record is zeroed but for the requested id; 0x2BFF0021 looking up the axis, 0x2BFF06F5 reading
- * the table failed.
+ * the table failed (the record is zeroed, or filled in part).
  */
 KALO_API KaloStatus KALO_CALL KaloGetAnalogtraceInfo(int16_t axis_num, int32_t target_name_id,
                                                      KaloAnalogTrace* record);
@@ -160,7 +160,7 @@ KALO_API KaloStatus KALO_CALL KaloGetAnalogtraceInfo(int16_t axis_num, int32_t t
  * Describes a target without an axis. `reserved` is not used.
  *
  * Status: 0; 0x2BFF1400 database not open; 0x2BFF1413 no such target: the record is zeroed but for the
- * requested id; 0x2BFF1401 reading failed.
+ * requested id; 0x2BFF1401 reading failed (the record is zeroed, or filled in part).
  */
 KALO_API KaloStatus KALO_CALL KaloGetAnalogtraceOfflineInfo(uint32_t reserved, int32_t target_name_id,
                                                             KaloAnalogTrace* record);
@@ -257,7 +257,7 @@ KALO_API KaloStatus KALO_CALL KaloGetIotraceInfoId(int16_t axis_num, uint32_t ki
  *
  * Status: 0; 0x2BFB0000 database not open; 0x2BFF077A unknown axis; 0x2BFF077B no table built; 0x2BFE0000 no
  * such signal: the record is zeroed but for the requested id; 0x2BFF077C looking up the axis, 0x2BFF077D
- * reading failed.
+ * reading failed (the record is zeroed, or filled in part).
  */
 KALO_API KaloStatus KALO_CALL KaloGetIotraceInfo(int16_t axis_num, int32_t io_id, KaloIoTrace* record);
 
@@ -266,7 +266,8 @@ KALO_API KaloStatus KALO_CALL KaloGetIotraceInfo(int16_t axis_num, int32_t io_id
  * from IOTraceInfo where it names none. The two trailing arguments are not used.
  *
  * Status: 0; 0x2BFF1410 database not open; 0x2BFF1413 no such signal: the record is zeroed but for the
- * requested id; 0x2BFF1411 finding the drive's table, 0x2BFF1412 reading it failed.
+ * requested id; 0x2BFF1411 finding the drive's table, 0x2BFF1412 reading it failed (the record is zeroed, or
+ * filled in part).
  */
 KALO_API KaloStatus KALO_CALL KaloGetIotraceOfflineInfo(uint32_t servo_id, int32_t io_id, KaloIoTrace* record,
                                                         uint32_t reserved1, uint32_t reserved2);
