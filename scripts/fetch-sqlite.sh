@@ -20,7 +20,7 @@ fi
 mkdir -p "$(dirname "$folder")"
 unpacked=$(mktemp -d "$folder.XXXXXX")
 trap 'rm -rf "$unpacked"' EXIT
-archive=$unpacked/$(cd "$unpacked" && npm pack --silent "$package" | tail -n 1)
+archive=$unpacked/$(cd "$unpacked" && npm pack --loglevel=error "$package" | tail -n 1)
 echo "$checksum  $archive" | sha512sum --check --quiet
 tar -xzf "$archive" -C "$unpacked" --strip-components=3 package/deps/sqlite3
 rm "$archive"
