@@ -35,7 +35,6 @@ debian_mirror() {
 # In a mount namespace of its own, so that an interrupted run leaves no mounts; renamed when complete.
 install_in_folder() {
     command -v debootstrap >/dev/null || as_root apt-get install -y -q --no-install-recommends debootstrap
-    mkdir -p "$wine_cache"
     as_root rm -rf --one-file-system "$wine_root.new"
     as_root unshare --mount debootstrap --arch=i386 --variant=minbase --include=wine,wine32,locales \
         bookworm "$wine_root.new" "$(debian_mirror)"
@@ -44,6 +43,7 @@ install_in_folder() {
     as_root mv "$wine_root.new" "$wine_root"
 }
 
+mkdir -p "$wine_cache"  # Wine makes its prefix there, but no folder above it
 if ! system_has_wine32 && [[ ! -d $wine_root ]]; then
     if ! install_on_system; then
         echo "install-wine: no 32-bit Wine from the system's package lists, setting up $wine_root" >&2
